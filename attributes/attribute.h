@@ -1,0 +1,123 @@
+#pragma once
+// AttributeObject: what all block classes have in common, written once over their tables.
+//
+// A block class is its fields and its table:
+//
+//     struct clsBVTAbortMotion final : Attribute<clsBVTAbortMotion> {
+//         std::string strDeceleration;
+//         static const AttributeClass table;
+//     };
+//
+// What it does differently is a named function that overrides one of the hooks below.
+
+#include <memory>
+#include <vector>
+
+#include "attributes/block_attribute.h"
+#include "attributes/field.h"
+
+namespace canvas {
+
+class AttributeObject : public IBlockAttribute {
+public:
+    virtual const AttributeClass& attributeClass() const noexcept = 0;
+
+    /// A copy of the object with every field. The name is the protocol's own.
+    virtual Ref<AttributeObject> IsTheSame() const = 0;
+    /// True when every readable property of `vValue` equals this object's, text by exact comparison.
+    bool SameAs(const Ref<Object>& vValue) const;
+    /// `strDescription`, then the count of values, a blank, and the values: text between double quotes, a flag as 1 or
+    /// 0, separated by one blank. A quote inside a value is not escaped.
+    std::string OutputToFile(std::string_view strDescription) const;
+    /// The same, onto the end of a line.
+    virtual void appendTo(std::string& line) const;
+    /// Takes value number `intVarNum`, counted from 1, out of a file line; a number beyond the class's is ignored.
+    virtual void AssignFromFile(std::int16_t intVarNum, std::string_view strNewValue);
+
+    bool FillMatrix() override;
+    bool UpdateMatrix(bool bGeneralTab, std::int16_t iCurrentIndex, Ref<Object>& colGenContent,
+                      Ref<Object>& colAdvContent, std::string& strError, std::int16_t& iIndex,
+                      Ref<Object>& SyntaxValidation, std::int32_t& selStart, std::int32_t& selLength,
+                      std::int32_t& dataType, bool& isLValue, Value& Value_, std::string& FormattedText) override;
+    bool UpdateElementInMatrix(bool bGeneralTab, std::int16_t iCurrentIndex, std::string_view strNewData,
+                               std::string& strError, Ref<Object>& SyntaxValidation, std::int32_t& selStart,
+                               std::int32_t& selLength, std::int32_t& dataType, bool& isLValue, Value& Value_,
+                               std::string& FormattedText) override;
+    std::string GetElementFromMatrix(std::int16_t row, std::int16_t Col) override;
+    std::int16_t MatrixRow() override;
+    std::int16_t MatrixCol() override;
+    bool GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) override;
+    std::int16_t GetNumOfProperties() override;
+    std::string GetPropertyAt(std::int16_t iIndex) override;
+    bool PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std::int32_t lngBlockID,
+                               std::string& strSyntaxMessage) override;
+
+    /// A second panel tab that no class fills: all five answer 0, False or the empty text.
+    std::int16_t AdvancedMatrixCol() { return 0; }
+    std::int16_t AdvancedMatrixRow() { return 0; }
+    std::string GetElementFromAdvancedMatrix(std::int16_t row, std::int16_t Col);
+    bool GetAdvancedComboItem(std::int16_t& iIndex, Ref<Object>& colItem);
+    bool IsAdvancedOn() { return false; }
+
+    Value get(std::string_view member, Args args = {}) override;
+    void put(std::string_view member, const Value& value, Args args = {}) override;
+    std::string_view className() const noexcept override { return attributeClass().name; }
+    void reportVariables(VariableSink& sink) const override;
+
+    static constexpr char tag = 0;
+    void* face(const void* asked) noexcept override;
+
+    /// Members that every attribute class offers behind its properties and its own operations.
+    static std::span<const Member> commonMembers() noexcept;
+
+protected:
+    AttributeObject() = default;
+    AttributeObject(const AttributeObject& other) noexcept : IBlockAttribute(other) {}
+
+    /// Hook: rewrites a cell's text before anything looks at it.
+    virtual void adjustCell(std::int16_t /*row*/, std::string& /*text*/) const {}
+    /// Hook: the row that has a limit of the class's own behind the common checks; -1 for none.
+    virtual std::int16_t limitedRow() const { return -1; }
+    /// Hook: the message when that row's limit refuses the text, else empty.
+    virtual std::string_view refusal(std::string_view /*text*/) const { return {}; }
+    /// Hook: one value of the file line, where its form is not the common one.
+    virtual void appendValue(const Field& field, std::string& line) const;
+
+    void setPresets();
+
+private:
+    struct Check;  // one text on its way through range and syntax check
+
+    std::string cell(std::int16_t row, Column column) const;
+    void storeCell(std::int16_t row, std::string_view text);
+    void storePanel(std::int16_t row, std::string_view text);
+    brxDatatype rowType(std::int16_t row) const;
+
+    /// Column 1 as of the last FillMatrix; null before the first. All other columns come from the table.
+    std::unique_ptr<std::vector<std::string>> m_shown;
+};
+
+/// Gives a block class its table, its copy and its defaults.
+template <class T>
+class Attribute : public AttributeObject {
+public:
+    using Self = T;
+
+    /// A new object with every field at its preset. `make<T>()` comes here.
+    static Ref<T> create() { return Ref<T>(new T(prototype())); }
+
+    const AttributeClass& attributeClass() const noexcept override { return T::table; }
+    Ref<AttributeObject> IsTheSame() const override { return Ref<T>(new T(static_cast<const T&>(*this))); }
+
+private:
+    static const T& prototype() {
+        static const T object = [] {
+            T fresh;
+            static_cast<Attribute&>(fresh).setPresets();
+            return fresh;
+        }();
+        return object;
+    }
+};
+
+}  // namespace canvas

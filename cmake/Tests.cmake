@@ -1,0 +1,45 @@
+# Tests: tests/<floor>/*.cpp become test_<floor>, tests/tools/*.sh run as they are. To ctest a test program is one test,
+# named as its folder: a process per case would cost the sanitized build minutes. ./test counts the cases from the
+# reports in results/.
+
+enable_testing()
+find_package(GTest REQUIRED)
+canvas_precompiled(canvas_test_pch FOR GTest::gmock ${canvas_std_headers} <gmock/gmock.h> <gtest/gtest.h>)
+set(canvas_cli ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/canvas)
+
+# canvas_test(<folder> ON <floor>): test_<folder> from tests/<folder>/*.cpp; nothing while there are none.
+function(canvas_test folder)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "ON" "")
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  set(target test_${folder})
+  add_executable(${target} ${sources})
+  target_precompile_headers(${target} REUSE_FROM canvas_test_pch)
+  canvas_include_root(${target} PRIVATE tests)
+  target_compile_definitions(${target} PRIVATE CANVAS_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CANVAS_CLI="${canvas_cli}")
+  target_link_libraries(${target} PRIVATE canvas_${test_ON} GTest::gmock_main)
+  add_test(NAME ${folder} COMMAND ${target})
+  set_tests_properties(${folder} PROPERTIES
+    TIMEOUT 600 ENVIRONMENT "GTEST_OUTPUT=xml:${PROJECT_BINARY_DIR}/results/${folder}.xml")
+endfunction()
+
+get_property(floors GLOBAL PROPERTY CANVAS_FLOORS)
+foreach(floor IN LISTS floors)
+  canvas_test(${floor} ON ${floor})
+endforeach()
+canvas_test(cli ON document)
+if(TARGET test_cli AND TARGET canvas)
+  add_dependencies(test_cli canvas)
+endif()
+
+# A shell test passes with exit code 0 and is skipped with 77. CANVAS_BIN is the path of the program `canvas`.
+file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/tools/*.sh)
+foreach(script IN LISTS scripts)
+  cmake_path(GET script STEM stem)
+  add_test(NAME tools.${stem} COMMAND bash ${script})
+  set_tests_properties(tools.${stem} PROPERTIES
+    TIMEOUT 600 SKIP_RETURN_CODE 77
+    ENVIRONMENT "CANVAS_BIN=${canvas_cli};CANVAS_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+endforeach()

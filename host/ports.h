@@ -1,0 +1,98 @@
+#pragma once
+// Ports: everything that touches the world. A host puts its own behind any of them; tests put fakes.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/files.h"
+#include "host/object.h"
+#include "host/utility.h"
+
+namespace canvas {
+
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel, abortRetryIgnore };
+enum class Icon { none, critical, question, exclamation, information };
+enum class Reply { ok, cancel, yes, no, abort, retry, ignore };
+
+struct MessageBox {
+    std::string text;
+    Buttons buttons = Buttons::ok;
+    Icon icon = Icon::none;
+    std::string title;
+};
+
+/// Asks and tells the user.
+class Interaction {
+public:
+    virtual ~Interaction() = default;
+    virtual Reply messageBox(const MessageBox& box) = 0;
+    /// What was typed; empty for Cancel.
+    virtual std::string inputBox(std::string_view prompt, std::string_view title, std::string_view preset) = 0;
+    virtual void beep() = 0;
+    /// A number above 32 when something started.
+    virtual std::int32_t openAddress(std::string_view address) = 0;
+    virtual void setClipboard(std::string_view text) = 0;
+    /// True when the host has dealt with the form itself.
+    virtual bool showForm(Object& form) = 0;
+};
+
+/// The application that reports and log files speak of.
+struct Application {
+    std::string title = "Canvas";
+    std::string exeName = "Canvas";
+    /// Folder of the application, without a separator at its end; the numbered files of tracing lie here.
+    std::string path;
+    std::int16_t major = 1;
+    std::int16_t minor = 0;
+    std::int16_t revision = 0;
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    /// Seconds since 1970-01-01T00:00:00Z (POSIX time).
+    virtual double now() = 0;
+};
+
+/// Ends what runs. Tests replace it; it does not return otherwise.
+class Process {
+public:
+    virtual ~Process() = default;
+    virtual void exitProcess(int code) = 0;
+    virtual void exitThread(int code) = 0;
+};
+
+/// The ports in force on a thread. Never null.
+struct Environment {
+    std::shared_ptr<Interaction> interaction;
+    std::shared_ptr<Files> files;
+    std::shared_ptr<Clock> clock;
+    std::shared_ptr<Process> process;
+    std::shared_ptr<UtilityLibrary> utility;
+    Application application;
+};
+
+/// The environment of this thread: the innermost `WithEnvironment`, else the process's own, which asks nobody:
+/// message boxes go to standard error and answer with their first safe button (OK, Cancel, No, Abort), input boxes
+/// give the empty text, the rest does nothing. Files, clock and process are the machine's.
+Environment& environment();
+
+/// Puts an environment in force on this thread until the end of a scope. Null ports are filled from the one before.
+class WithEnvironment {
+public:
+    explicit WithEnvironment(Environment environment);
+    ~WithEnvironment();
+    WithEnvironment(const WithEnvironment&) = delete;
+    WithEnvironment& operator=(const WithEnvironment&) = delete;
+
+private:
+    Environment m_own;
+    Environment* m_before;
+};
+
+/// A box with an OK button.
+void tell(std::string text, Icon icon = Icon::none, std::string title = {});
+
+}  // namespace canvas

@@ -1,0 +1,49 @@
+#pragma once
+// Machine faults (access violation, division by zero, ...) as run-time errors of the procedure that was running.
+
+#include <atomic>
+#include <cstdint>
+
+namespace canvas::tracing {
+
+/// While one lives on a thread, the exception filter turns a fault on that thread into RuntimeError 440. Nests.
+/// Lives on the stack only: its own address tells how much stack is left. When there is too little for an error to be
+/// answered, the constructor raises "Exception: Stack Overflow", so that a recursion through procedures ends as an
+/// error like any other.
+class InLibrary {
+public:
+    InLibrary() {
+        const auto here = reinterpret_cast<std::uintptr_t>(this);
+        if (here < stackLimit) [[unlikely]] enter(here);
+        ++depth;
+        // The handler of a fault reads the depth: the compiler must not take the store for a dead one.
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+    }
+    ~InLibrary() {
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+        --depth;
+    }
+    InLibrary(const InLibrary&) = delete;
+    InLibrary& operator=(const InLibrary&) = delete;
+
+    static bool running() noexcept { return depth > 0; }
+
+private:
+    friend class ThreadStack;
+    /// Prepares the thread the first time, and looks closer when the stack is nearly used up.
+    static void enter(std::uintptr_t here);
+
+    // initial-exec: one instruction to reach them, also from a library that was loaded late
+    [[gnu::tls_model("initial-exec")]] static constinit thread_local int depth;
+    /// The highest address until the thread is prepared.
+    [[gnu::tls_model("initial-exec")]] static constinit thread_local std::uintptr_t stackLimit;
+};
+
+/// Sets the filter. The handlers that the host had stay in force for every fault outside this library's calls and for
+/// every signal that was sent, and come back at `vbwUnHandleException`, unless the host has put others over them
+/// since. A fault where no error can pass (a destructor, a noexcept function) still ends the process; the variable
+/// report is then written first. Calling either twice is calling it once.
+void vbwHandleException();
+void vbwUnHandleException();
+
+}  // namespace canvas::tracing
