@@ -11,21 +11,28 @@ using tracing::Procedure;
 std::string FieldAt::asText(const AttributeObject& object) const { return asValue(object).toText(); }
 
 Value FieldAt::asValue(const AttributeObject& object) const {
-    return std::visit([&](auto member) { return Value(object.*member); }, m_at);
+    return std::visit(
+        [&](auto member) {
+            if constexpr (std::is_same_v<decltype(member), std::monostate>) return Value();
+            else return Value(object.*member);
+        },
+        m_at);
 }
 
 void FieldAt::assign(AttributeObject& object, const Value& value) const {
     std::visit(
         [&](auto member) {
-            auto& field = object.*member;
-            field = fromValue<std::remove_reference_t<decltype(field)>>(value);
+            if constexpr (!std::is_same_v<decltype(member), std::monostate>) {
+                auto& field = object.*member;
+                field = fromValue<std::remove_reference_t<decltype(field)>>(value);
+            }
         },
         m_at);
 }
 
 void AttributeObject::setPresets() {
     for (const Field& field : attributeClass().fields)
-        if (field.at.isText() || !field.preset.empty()) field.at.assign(*this, Value(field.preset));
+        if (!field.preset.empty()) field.at.assign(*this, Value(field.preset));
 }
 
 void* AttributeObject::face(const void* asked) noexcept {
@@ -36,17 +43,20 @@ bool AttributeObject::SameAs(const Ref<Object>& vValue) const {
     bool result = false;
     Procedure run(className(), "SameAs", this, [&](Locals& l) { l("vValue", vValue); });
     run([&] {
-        Object& other = required(vValue);
-        auto* twin = faceOf<AttributeObject>(other);
-        const bool ofThisClass = twin && &twin->attributeClass() == &attributeClass();
-        for (const Field& field : attributeClass().fields) {
-            if (field.property.empty()) continue;
-            const Value theirs = ofThisClass ? field.at.asValue(*twin) : other.get(field.property);
-            if (field.at.asText(*this) != theirs.toText()) return;
-        }
-        result = true;
+        result = sameProperties(required(vValue));
     });
     return result;
+}
+
+bool AttributeObject::sameProperties(Object& other) const {
+    auto* twin = faceOf<AttributeObject>(other);
+    const bool ofThisClass = twin && &twin->attributeClass() == &attributeClass();
+    for (const Field& field : attributeClass().fields) {
+        if (field.property.empty()) continue;
+        const Value theirs = ofThisClass ? field.at.asValue(*twin) : other.get(field.property);
+        if (field.at.asText(*this) != theirs.toText()) return false;
+    }
+    return true;
 }
 
 std::string AttributeObject::OutputToFile(std::string_view strDescription) const {
@@ -66,7 +76,9 @@ void AttributeObject::appendTo(std::string& line) const {
 }
 
 void AttributeObject::appendValue(const Field& field, std::string& line) const {
-    if (field.at.isFlag()) {
+    if (!field.fileConstant.empty()) {
+        line += field.fileConstant;
+    } else if (field.at.isFlag()) {
         line += field.at.flag(*this) ? '1' : '0';
     } else {
         line += '"';
@@ -79,7 +91,7 @@ void AttributeObject::appendValue(const Field& field, std::string& line) const {
 void AttributeObject::AssignFromFile(std::int16_t intVarNum, std::string_view strNewValue) {
     const AttributeClass& c = attributeClass();
     const Field* field = c.fileField(c.anyFileNumber ? std::int16_t{1} : intVarNum);
-    if (!field) return;
+    if (!field || !field->fileConstant.empty()) return;
     if (field->at.isText()) {
         field->at.text(*this) = strNewValue;
         return;
@@ -95,7 +107,8 @@ std::string AttributeObject::GetElementFromAdvancedMatrix(std::int16_t, std::int
 
 bool AttributeObject::GetAdvancedComboItem(std::int16_t&, Ref<Object>&) { return false; }
 
-std::span<const Member> AttributeObject::commonMembers() noexcept {
+std::span<const Member> AttributeObject::commonMembers(bool withPanel) noexcept {
+    constexpr std::size_t plain = 4;  // those of a record without the panel's protocol
     using A = AttributeObject;
     static constexpr Member members[] = {
         method<&A::IsTheSame>("IsTheSame"),
@@ -108,7 +121,7 @@ std::span<const Member> AttributeObject::commonMembers() noexcept {
         method<&A::GetAdvancedComboItem>("IBlockAttribute_GetAdvancedComboItem"),
         method<&A::IsAdvancedOn>("IBlockAttribute_IsAdvancedOn"),
     };
-    return members;
+    return withPanel ? std::span<const Member>(members) : std::span<const Member>(members).first(plain);
 }
 
 namespace {
@@ -117,7 +130,7 @@ constexpr std::string_view interfacePrefix = "IBlockAttribute_";
 
 const Field* propertyOf(const AttributeClass& c, std::string_view member) {
     for (const Field& field : c.fields)
-        if (!member.empty() && sameName(field.property, member)) return &field;
+        if (!field.property.empty() && sameName(field.property, member)) return &field;
     return nullptr;
 }
 
@@ -130,7 +143,9 @@ std::span<const Member> tableFor(const AttributeClass& c, std::string_view& memb
                arguments + static_cast<std::size_t>(found->optional) >= static_cast<std::size_t>(found->arguments);
     };
     if (serves(c.operations, member)) return c.operations;
-    if (findMember(AttributeObject::commonMembers(), member, arguments)) return AttributeObject::commonMembers();
+    const auto common = AttributeObject::commonMembers(c.offersInterface);
+    if (findMember(common, member, arguments)) return common;
+    if (!c.offersInterface) return c.operations;
     std::string_view plain = member;
     if (plain.size() > interfacePrefix.size() && sameName(plain.substr(0, interfacePrefix.size()), interfacePrefix))
         plain.remove_prefix(interfacePrefix.size());
@@ -165,7 +180,8 @@ void AttributeObject::put(std::string_view member, const Value& value, Args args
 
 void AttributeObject::reportVariables(VariableSink& sink) const {
     const AttributeClass& c = attributeClass();
-    for (const Field& field : c.fields) sink.variable(field.name, field.at.asValue(*this));
+    for (const Field& field : c.fields)
+        if (!field.name.empty()) sink.variable(field.name, field.at.asValue(*this));
     if (c.rows == 0) return;
     const std::int32_t columns = static_cast<std::int32_t>(Column::type);
     Array matrix = Array::of("String", {{0, c.rows - 1}, {0, columns}});

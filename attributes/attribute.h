@@ -15,6 +15,7 @@
 
 #include "attributes/block_attribute.h"
 #include "attributes/field.h"
+#include "attributes/panel_edit.h"
 
 namespace canvas {
 
@@ -38,11 +39,11 @@ public:
     bool UpdateMatrix(bool bGeneralTab, std::int16_t iCurrentIndex, Ref<Object>& colGenContent,
                       Ref<Object>& colAdvContent, std::string& strError, std::int16_t& iIndex,
                       Ref<Object>& SyntaxValidation, std::int32_t& selStart, std::int32_t& selLength,
-                      std::int32_t& dataType, bool& isLValue, Value& Value_, std::string& FormattedText) override;
+                      std::int32_t& dataType, bool& isLValue, Value& Value_, std::string& FormattedText) final;
     bool UpdateElementInMatrix(bool bGeneralTab, std::int16_t iCurrentIndex, std::string_view strNewData,
                                std::string& strError, Ref<Object>& SyntaxValidation, std::int32_t& selStart,
                                std::int32_t& selLength, std::int32_t& dataType, bool& isLValue, Value& Value_,
-                               std::string& FormattedText) override;
+                               std::string& FormattedText) final;
     std::string GetElementFromMatrix(std::int16_t row, std::int16_t Col) override;
     std::int16_t MatrixRow() override;
     std::int16_t MatrixCol() override;
@@ -68,30 +69,44 @@ public:
     void* face(const void* asked) noexcept override;
 
     /// Members that every attribute class offers behind its properties and its own operations.
-    static std::span<const Member> commonMembers() noexcept;
+    static std::span<const Member> commonMembers(bool withPanel = true) noexcept;
 
 protected:
     AttributeObject() = default;
     AttributeObject(const AttributeObject& other) noexcept : IBlockAttribute(other) {}
 
-    /// Hook: rewrites a cell's text before anything looks at it.
+    // Hooks: what a class does its own way.
+
+    /// Commits one cell, or the whole panel. The common way runs over the table.
+    virtual bool updateCell(CellEdit& edit);
+    virtual bool updatePanel(PanelEdit& edit);
+    /// A row's text for column 1 of the matrix.
+    virtual std::string rowText(std::int16_t row) const;
+    /// Stores a cell's text, or a row's text of a whole panel, into the fields.
+    virtual void storeCell(std::int16_t row, std::string_view text);
+    virtual void storePanel(std::int16_t row, std::string_view text);
+    /// Rewrites a cell's text before anything looks at it.
     virtual void adjustCell(std::int16_t /*row*/, std::string& /*text*/) const {}
-    /// Hook: the row that has a limit of the class's own behind the common checks; -1 for none.
+    /// The row that has a limit of the class's own behind the common checks; -1 for none.
     virtual std::int16_t limitedRow() const { return -1; }
-    /// Hook: the message when that row's limit refuses the text, else empty.
+    /// The message when that row's limit refuses the text, else empty.
     virtual std::string_view refusal(std::string_view /*text*/) const { return {}; }
-    /// Hook: one value of the file line, where its form is not the common one.
+    /// True for a class that looks at the second tab. Its text goes to the checker alone, without a range check.
+    virtual bool hasAdvancedTab() const { return false; }
+    virtual void storeAdvancedCell(std::int16_t /*row*/, std::string_view /*text*/) {}
+    virtual void storeAdvancedPanel(const PanelEdit& /*edit*/) {}
+    /// One value of the file line, where its form is not the common one.
     virtual void appendValue(const Field& field, std::string& line) const;
+    /// Whether every readable property of another object equals this one's.
+    virtual bool sameProperties(Object& other) const;
 
     void setPresets();
+    brxDatatype rowType(std::int16_t row) const;
+    /// Writes column 1 of one row alone, as FillMatrix writes it or with a text given.
+    void showCell(std::int16_t row, std::string text);
 
 private:
-    struct Check;  // one text on its way through range and syntax check
-
     std::string cell(std::int16_t row, Column column) const;
-    void storeCell(std::int16_t row, std::string_view text);
-    void storePanel(std::int16_t row, std::string_view text);
-    brxDatatype rowType(std::int16_t row) const;
 
     /// Column 1 as of the last FillMatrix; null before the first. All other columns come from the table.
     std::unique_ptr<std::vector<std::string>> m_shown;

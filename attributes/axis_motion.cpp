@@ -21,7 +21,7 @@ constexpr Field fields[]{
 }  // namespace abort_motion
 // Index 1 is exempt although there is no such row: panels commit it behind the last row, and nothing may happen.
 const AttributeClass clsBVTAbortMotion::table =
-    canvas::attributeClass({.name = "clsBVTAbortMotion", .fields = abort_motion::fields, .exemptIndex = 1});
+    canvas::attributeClass({.name = "clsBVTAbortMotion", .fields = abort_motion::fields, .exemptIndexes = 1U << 1});
 
 namespace change_dynamics {
 using Self = clsBVTChangeDynamics;

@@ -23,7 +23,8 @@ struct List {
 inline constexpr std::string_view choiceItems[]{"True", "False"};
 inline constexpr List choice{"choice", choiceItems};
 
-/// Where a field lies in its class: a pointer to a member of any class derived from AttributeObject.
+/// Where a field lies in its class: a pointer to a member of any class derived from AttributeObject. A row whose text
+/// the class works out itself lies nowhere.
 class FieldAt {
 public:
     using Text = std::string AttributeObject::*;
@@ -31,9 +32,11 @@ public:
     using Integer = std::int16_t AttributeObject::*;
     using Long = std::int32_t AttributeObject::*;
 
+    constexpr FieldAt() = default;
     template <class T, class V>
     constexpr FieldAt(V T::*member) : m_at(static_cast<V AttributeObject::*>(member)) {}
 
+    constexpr explicit operator bool() const noexcept { return !std::holds_alternative<std::monostate>(m_at); }
     constexpr bool isText() const noexcept { return std::holds_alternative<Text>(m_at); }
     constexpr bool isFlag() const noexcept { return std::holds_alternative<Flag>(m_at); }
     const std::string& text(const AttributeObject& object) const { return object.*std::get<Text>(m_at); }
@@ -48,14 +51,14 @@ public:
     void assign(AttributeObject& object, const Value& value) const;
 
 private:
-    std::variant<Text, Flag, Integer, Long> m_at;
+    std::variant<std::monostate, Text, Flag, Integer, Long> m_at;
 };
 
 /// Columns left out stay at their defaults. Row, position and file place are -1, 0 and 0 for a field without one.
 struct Field {
-    FieldAt at;
-    std::string_view name;      ///< of the C++ member, for the variable report
-    std::string_view property;  ///< under which it is reached by name
+    FieldAt at{};
+    std::string_view name{};      ///< of the C++ member, for the variable report
+    std::string_view property{};  ///< under which it is reached by name
     std::string_view preset{};  ///< text of the value a new block has
 
     std::int16_t row = -1;  ///< in the block matrix, from 0
@@ -65,7 +68,9 @@ struct Field {
     brxExpressionBuilder builder = brxEnableBuilder;
     brxDisplaytype display = brxEditBox;
     brxDatatype type = brxUnknown;
-    const List* list = nullptr;  ///< choices of a combo row
+    const List* list = nullptr;   ///< choices of a combo row
+
+    const List* shown = nullptr;  ///< a flag's two texts on the panel, that of True first; "True" and "False" else
 
     bool cellChecked = true;     ///< UpdateElementInMatrix checks range and syntax
     bool programChecked = true;  ///< PropertiesSyntaxCheck hands the value to the checker
@@ -73,15 +78,19 @@ struct Field {
 
     std::int16_t position = 0;  ///< in GetPropertyAt, from 1
     std::int16_t file = 0;      ///< place in the file line, from 1
+    std::string_view fileConstant{};  ///< what stands at that place whatever the value is; reading passes over it
 };
 
 /// `.at` and `.name` of a field, so that the report's name cannot differ from the member's.
 #define FIELD(member) .at = &Self::member, .name = #member
 
 /// A combo row: no builder, and its texts are the class's own, so that no checker sees them.
-#define COMBO(dataType, items)                                                                              \
-    .builder = brxDisableBuilder, .display = brxComboBox, .type = dataType, .list = &(items), .cellChecked = false, \
-    .programChecked = false
+#define COMBO(dataType, items) COMBO_ROW(dataType, items, nullptr)
+/// The same for a flag that shows the two texts of its list.
+#define COMBO_SHOWN(dataType, items) COMBO_ROW(dataType, items, &(items))
+#define COMBO_ROW(dataType, items, shownAs)                                                                          \
+    .builder = brxDisableBuilder, .display = brxComboBox, .type = dataType, .list = &(items), .shown = shownAs,      \
+    .cellChecked = false, .programChecked = false
 
 /// A block class: its fields in slot order, and in what its protocol differs from the common one.
 struct AttributeClass {
@@ -92,7 +101,8 @@ struct AttributeClass {
     bool panel = true;          ///< false: all operations of the panel's protocol are empty
     bool wholePanel = true;     ///< false: UpdateMatrix is empty, the panel can only commit cell by cell
     bool anyFileNumber = false; ///< AssignFromFile stores its one value whatever the number
-    std::int16_t exemptIndex = -1;        ///< an index beyond the rows that UpdateElementInMatrix lets pass
+    bool offersInterface = true;  ///< false: a plain record without the panel's protocol
+    std::uint32_t exemptIndexes = 0;  ///< bits of indexes beyond the rows that UpdateElementInMatrix lets pass
     const List* listElsewhere = nullptr;  ///< what GetComboItem gives for rows without a list
 
     std::int16_t rows = 0;        ///< counted from the fields
@@ -104,6 +114,9 @@ struct AttributeClass {
     std::array<std::int8_t, most> byPosition{};
     std::array<std::int8_t, most> byFile{};
 
+    constexpr bool exempts(std::int16_t index) const {
+        return index >= 0 && index < 32 && (exemptIndexes >> index & 1U) != 0;
+    }
     constexpr const Field* rowField(std::int16_t row) const { return pick(byRow, rows, row); }
     constexpr const Field* positionField(std::int16_t position) const {
         return pick(byPosition, properties, static_cast<std::int16_t>(position - 1));
@@ -157,7 +170,7 @@ consteval AttributeClass attributeClass(AttributeClass c) {
     detail::requireDense(c.byFile, c.values);
     for (std::size_t i = 0; i < c.fields.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
-            if (detail::sameLetters(c.fields[i].property, c.fields[j].property)) throw "two properties of one name";
+            if (!c.fields[i].property.empty() && detail::sameLetters(c.fields[i].property, c.fields[j].property)) throw "two properties of one name";
     return c;
 }
 

@@ -53,6 +53,26 @@ constexpr Field fields[]{{FIELD(strType), .property = "TypeK", .preset = "0"}};
 const AttributeClass clsBVTResetFault::table =
     canvas::attributeClass({.name = "clsBVTResetFault", .fields = reset_fault::fields, .panel = false});
 
+namespace message_in {
+using Self = clsBVTMessageIn;
+constexpr Field fields[]{
+    {FIELD(strUserVariable), .property = "UserVariable", .file = 1},
+    {FIELD(strTimeOut), .property = "TimeOut", .file = 2},
+};
+}  // namespace message_in
+const AttributeClass clsBVTMessageIn::table = canvas::attributeClass(
+    {.name = "clsBVTMessageIn", .fields = message_in::fields, .panel = false, .offersInterface = false});
+
+namespace message_out {
+using Self = clsBVTMessageOut;
+constexpr Field fields[]{
+    {FIELD(strMessage), .property = "Message", .file = 1},
+    {FIELD(blnSendCR), .property = "SendCR", .preset = "False", .file = 2},
+};
+}  // namespace message_out
+const AttributeClass clsBVTMessageOut::table = canvas::attributeClass(
+    {.name = "clsBVTMessageOut", .fields = message_out::fields, .panel = false, .offersInterface = false});
+
 namespace node_text {
 using Self = clsBVTNodeText;
 constexpr Field fields[]{

@@ -31,6 +31,18 @@ struct clsBVTResetFault final : Attribute<clsBVTResetFault> {
     static const AttributeClass table;
 };
 
+/// Messages are plain records with no part in the property panel.
+struct clsBVTMessageIn final : Attribute<clsBVTMessageIn> {
+    std::string strUserVariable, strTimeOut;
+    static const AttributeClass table;
+};
+
+struct clsBVTMessageOut final : Attribute<clsBVTMessageOut> {
+    std::string strMessage;
+    bool blnSendCR = false;
+    static const AttributeClass table;
+};
+
 /// A note on the drawing. Its text lies in the block's label, not among the values of the file line.
 struct clsBVTNodeText final : Attribute<clsBVTNodeText> {
     std::string strNodeText;

@@ -2,9 +2,12 @@
 # named as its folder: a process per case would cost the sanitized build minutes. ./test counts the cases from the
 # reports in results/.
 
+set(CANVAS_TEST_OPTIONS "" CACHE STRING "Compile options of the test sources alone")
+
 enable_testing()
 find_package(GTest REQUIRED)
 canvas_precompiled(canvas_test_pch FOR GTest::gmock ${canvas_std_headers} <gmock/gmock.h> <gtest/gtest.h>)
+target_compile_options(canvas_test_pch PRIVATE ${CANVAS_TEST_OPTIONS})
 set(canvas_cli ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/canvas)
 
 # canvas_test(<folder> ON <floor>): test_<folder> from tests/<folder>/*.cpp; nothing while there are none.
@@ -19,6 +22,7 @@ function(canvas_test folder)
   target_precompile_headers(${target} REUSE_FROM canvas_test_pch)
   canvas_include_root(${target} PRIVATE tests)
   target_compile_definitions(${target} PRIVATE CANVAS_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CANVAS_CLI="${canvas_cli}")
+  target_compile_options(${target} PRIVATE ${CANVAS_TEST_OPTIONS})
   target_link_libraries(${target} PRIVATE canvas_${test_ON} GTest::gmock_main)
   add_test(NAME ${folder} COMMAND ${target})
   set_tests_properties(${folder} PROPERTIES

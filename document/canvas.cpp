@@ -4,6 +4,7 @@
 #include "document/connection_check.h"
 #include "document/program_reader.h"
 #include "document/program_writer.h"
+#include "document/references.h"
 #include "host/convert.h"
 #include "host/numbers.h"
 #include "host/ports.h"
@@ -277,13 +278,30 @@ bool clsBVTCanvas::Recursive() {
     return result;
 }
 
+// References to other programs
+
+bool clsBVTCanvas::HasRestartProgram() const noexcept { return hasBlockOfType(*BlockCollection, RESTARTPROGRAM); }
+
+bool clsBVTCanvas::HasSuperBlock() const noexcept { return hasBlockOfType(*BlockCollection, SUPERBLOCK); }
+
+bool clsBVTCanvas::UpdateRestartProgram(const Value& blnArTaskStatus) {
+    Procedure run(name, "UpdateRestartProgram", this, [&](Locals& l) { l("blnArTaskStatus", blnArTaskStatus); });
+    run([&] { untickAbsentTasks(*BlockCollection, blnArTaskStatus.toArray()); });
+    return false;
+}
+
+bool clsBVTCanvas::ReplaceThisSuperBlock(std::string_view strOldName, std::string_view strNewName) {
+    bool result = false;
+    Procedure run(name, "ReplaceThisSuperBlock", this, [&](Locals& l) {
+        l("strOldName", strOldName);
+        l("strNewName", strNewName);
+    });
+    run([&] { result = replaceSubroutine(*BlockCollection, strOldName, strNewName); });
+    return result;
+}
+
 // Still to be built
 
 bool clsBVTCanvas::ShowAttributeFormAndChanged(std::int16_t, Ref<Object>&) { raise(Error::actionNotSupported); }
-bool clsBVTCanvas::HasRestartProgram() { raise(Error::actionNotSupported); }
-bool clsBVTCanvas::HasSuperBlock() { raise(Error::actionNotSupported); }
-bool clsBVTCanvas::UpdateRestartProgram(Value&) { raise(Error::actionNotSupported); }
-bool clsBVTCanvas::ReplaceThisSuperBlock(std::string_view, std::string_view) { raise(Error::actionNotSupported); }
-bool clsBVTCanvas::UpdateSuperBlock() { raise(Error::actionNotSupported); }
 
 }  // namespace canvas

@@ -126,13 +126,18 @@ public:
     /// Whether the program calls itself as a subroutine.
     bool Recursive();
 
-    // Members of the public surface that are still to be built: error 445.
-    bool ShowAttributeFormAndChanged(std::int16_t BlockID, Ref<Object>& fForm);
-    bool HasRestartProgram();
-    bool HasSuperBlock();
-    bool UpdateRestartProgram(Value& blnArTaskStatus);
+    // References to other programs
+    bool HasRestartProgram() const noexcept;
+    bool HasSuperBlock() const noexcept;
+    /// Unticks tasks that are gone, by an array of eight flags from 0. Always False; `Changed` stays as it is.
+    bool UpdateRestartProgram(const Value& blnArTaskStatus);
+    /// True when at least one block called the subroutine; `Changed` stays as it is, the caller has to save.
     bool ReplaceThisSuperBlock(std::string_view strOldName, std::string_view strNewName);
-    bool UpdateSuperBlock();
+    /// Does nothing, and says so with False.
+    bool UpdateSuperBlock() { return false; }
+
+    /// Still to be built: error 445.
+    bool ShowAttributeFormAndChanged(std::int16_t BlockID, Ref<Object>& fForm);
 
     /// Completes the in-ports after reading: the file does not say which port a connection leaves.
     void UpdateFromBlockInfo();

@@ -1,8 +1,14 @@
 #include "document/catalogue.h"
 
 #include "attributes/axis_motion.h"
+#include "attributes/cam.h"
 #include "attributes/flow.h"
+#include "attributes/gearing.h"
+#include "attributes/latch.h"
+#include "attributes/lists.h"
 #include "attributes/plain.h"
+#include "attributes/program_control.h"
+#include "document/references.h"
 #include "host/ports.h"
 #include "tracing/branch.h"
 
@@ -14,38 +20,45 @@ Ref<AttributeObject> create() {
     return T::create();
 }
 
+/// A launch block looks into other programs as this floor reads them.
+Ref<AttributeObject> createLaunch() {
+    Ref<clsBVTRestartProgram> block = clsBVTRestartProgram::create();
+    block->programs = &programsOnDisk();
+    return block;
+}
+
 #define TYPE(member) member, #member
 
 constexpr BlockClass rows[] = {
     {TYPE(CHANGEDYNAMICS), "Change Dynamics", Ports::single, create<clsBVTChangeDynamics>},
     {TYPE(HOMEAXIS), "Home Axis", Ports::dual, create<clsBVTHomeAxis>},
     {TYPE(MOVEAXIS), "Move Axis", Ports::single, create<clsBVTMoveAxis>},
-    {TYPE(GEARRATIO), "Gear Ratio", Ports::single, nullptr},
+    {TYPE(GEARRATIO), "Gear Ratio", Ports::single, create<clsBVTGearRatio>},
     {TYPE(JOGAXIS), "Jog Axis", Ports::single, create<clsBVTJogAxis>},
-    {TYPE(SCALECAM), "Scale Cam", Ports::single, nullptr},
-    {TYPE(CAMONOFF), "Cam", Ports::single, nullptr},
+    {TYPE(SCALECAM), "Scale Cam", Ports::single, create<clsBVTScaleCAM>},
+    {TYPE(CAMONOFF), "Cam", Ports::single, create<clsBVTCAMOnOff>},
     {TYPE(SERVOONOFF), "Servo", Ports::single, create<clsBVTServoOnOff>},
     {TYPE(ABORTMOTION), "Stop Motion", Ports::single, create<clsBVTAbortMotion>},
-    {TYPE(GEARINGONOFF), "Gear", Ports::single, nullptr},
+    {TYPE(GEARINGONOFF), "Gear", Ports::single, create<clsBVTGearingOnOff>},
     {TYPE(RESETFAULT), "Reset Fault", Ports::single, create<clsBVTResetFault>},
     {TYPE(DEFINEPOSITION), "Define Position", Ports::single, create<clsBVTDefinePosition>},
     {TYPE(INCREMENTPOSITION), "Slave Offset", Ports::single, create<clsBVTIncrementPosition>},
-    {TYPE(LATCHONOFF), "Latch", Ports::single, nullptr},
+    {TYPE(LATCHONOFF), "Latch", Ports::single, create<clsBVTLatchOnOff>},
     {TYPE(IFEVENT), "If Event", Ports::dual, create<clsBVTIfEvent>},
     {TYPE(ONTIME), "Timer", Ports::dual, create<clsBVTOnTime>},
-    {TYPE(RESTARTPROGRAM), "Launch Program", Ports::single, nullptr},
+    {TYPE(RESTARTPROGRAM), "Launch Program", Ports::single, createLaunch},
     {TYPE(PROGRAMSTART), "Start", Ports::noIn, create<clsBVTStart>},
     {TYPE(IFFAULT), "If Fault", Ports::dual, create<clsBVTIfFault>},
-    {TYPE(SUSPENDPROGRAM), "Suspend Program", Ports::single, nullptr},
+    {TYPE(SUSPENDPROGRAM), "Suspend Program", Ports::single, create<clsBVTSuspendProgram>},
     {TYPE(PROGRAMEND), "End", Ports::noOut, create<clsBVTEnd>},
-    {TYPE(MESSAGEOUT), "Message Out", Ports::single, nullptr},
-    {TYPE(MESSAGEIN), "Message In", Ports::dual, nullptr},
-    {TYPE(SETVARIABLE), "Set Variable", Ports::single, nullptr},
-    {TYPE(PROGRAMMABLELIMITSWITCH), "Programmable Limit Switch", Ports::single, nullptr},
-    {TYPE(SUPERBLOCK), "Call Subroutine", Ports::single, nullptr},
-    {TYPE(LATCHTARGET), "Latch Target", Ports::single, nullptr},
+    {TYPE(MESSAGEOUT), "Message Out", Ports::single, create<clsBVTMessageOut>},
+    {TYPE(MESSAGEIN), "Message In", Ports::dual, create<clsBVTMessageIn>},
+    {TYPE(SETVARIABLE), "Set Variable", Ports::single, create<clsBVTSetVariable>},
+    {TYPE(PROGRAMMABLELIMITSWITCH), "Programmable Limit Switch", Ports::single, create<clsBVTProgrammableLimitSwitch>},
+    {TYPE(SUPERBLOCK), "Call Subroutine", Ports::single, create<clsBVTSuperBlock>},
+    {TYPE(LATCHTARGET), "Latch Target", Ports::single, create<clsBVTLatchTarget>},
     {TYPE(NodeText), "Node Text", Ports::none, create<clsBVTNodeText>},
-    {TYPE(CAMSHIFT), "CAM Shift", Ports::single, nullptr},
+    {TYPE(CAMSHIFT), "CAM Shift", Ports::single, create<clsBVTCAMShift>},
     {TYPE(InputBlock), "Input", Ports::single, create<clsBVTInput>},
     {TYPE(Torque), "Torque", Ports::single, create<clsBVTTorque>},
 };

@@ -139,7 +139,7 @@ private:
         }
     }
 
-    std::mutex m_guard;  ///< of the vector, not of the files
+    std::mutex m_guard;                                     ///< of the vector, not of the files
     std::vector<std::unique_ptr<NumberedFile>> m_numbered;  ///< number - 1
 };
 

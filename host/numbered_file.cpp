@@ -53,9 +53,7 @@ std::string NumberedFile::readLine() {
     return line;
 }
 
-bool NumberedFile::atEnd() {
-    return m_mode != OpenMode::input || (m_at == m_buffer.size() && !fill());
-}
+bool NumberedFile::atEnd() { return m_mode != OpenMode::input || (m_at == m_buffer.size() && !fill()); }
 
 /// Reads the next block over the one before, which is used up. False at the end of the file.
 bool NumberedFile::fill() {

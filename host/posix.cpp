@@ -15,33 +15,21 @@ struct Row {
 
 // EACCES and ENOENT are not here: what they mean hangs on the path and on the caller.
 constexpr Row table[] = {
-    {ENOTDIR, Error::pathNotFound},
-    {EPERM, Error::permissionDenied},
-    {EROFS, Error::permissionDenied},
-    {EBUSY, Error::permissionDenied},
-    {ETXTBSY, Error::permissionDenied},
-    {EISDIR, Error::pathFileAccess},
-    {ELOOP, Error::pathFileAccess},
-    {ENXIO, Error::pathFileAccess},  // a socket, or a pipe that nobody reads
-    {ENODEV, Error::pathFileAccess},
-    {EXDEV, Error::pathFileAccess},
-    {ENOTEMPTY, Error::pathFileAccess},
-    {EEXIST, Error::fileExists},
-    {ENOSPC, Error::diskFull},
-    {EDQUOT, Error::diskFull},
-    {EFBIG, Error::diskFull},
-    {EIO, Error::deviceIO},
-    {EMFILE, Error::outOfMemory},
-    {ENFILE, Error::outOfMemory},
-    {ENOMEM, Error::outOfMemory},
-    {ENAMETOOLONG, Error::badFileNumber},
+    {ENOTDIR, Error::pathNotFound},     {EPERM, Error::permissionDenied},
+    {EROFS, Error::permissionDenied},   {EBUSY, Error::permissionDenied},
+    {ETXTBSY, Error::permissionDenied}, {EISDIR, Error::pathFileAccess},
+    {ELOOP, Error::pathFileAccess},     {ENXIO, Error::pathFileAccess},  // a socket, or a pipe that nobody reads
+    {ENODEV, Error::pathFileAccess},    {EXDEV, Error::pathFileAccess},
+    {ENOTEMPTY, Error::pathFileAccess}, {EEXIST, Error::fileExists},
+    {ENOSPC, Error::diskFull},          {EDQUOT, Error::diskFull},
+    {EFBIG, Error::diskFull},           {EIO, Error::deviceIO},
+    {EMFILE, Error::outOfMemory},       {ENFILE, Error::outOfMemory},
+    {ENOMEM, Error::outOfMemory},       {ENAMETOOLONG, Error::badFileNumber},
     {EINVAL, Error::badFileNumber},  // characters that the file system does not take
     {EILSEQ, Error::badFileNumber},
 };
 
-bool canBeWalked(const std::string& folder) {
-    return ::faccessat(AT_FDCWD, folder.c_str(), X_OK, AT_EACCESS) == 0;
-}
+bool canBeWalked(const std::string& folder) { return ::faccessat(AT_FDCWD, folder.c_str(), X_OK, AT_EACCESS) == 0; }
 
 }  // namespace
 

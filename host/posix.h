@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include <cerrno>
 #include <fcntl.h>
+#include <cerrno>
 
 #include "host/errors.h"
 

@@ -57,8 +57,7 @@ std::string temporaryName() {
 
 class DiskReplacement final : public Replacement {
 public:
-    explicit DiskReplacement(const std::string& path)
-        : m_path(behindLinks(path)), m_entry(posix::entryOf(m_path)) {
+    explicit DiskReplacement(const std::string& path) : m_path(behindLinks(path)), m_entry(posix::entryOf(m_path)) {
         const auto before = writableFile(m_path);
         m_folder = openFolder(m_path);
         createTemporary(before ? 0600 : 0666);
@@ -127,8 +126,6 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Replacement> replaceOnDisk(const std::string& path) {
-    return std::make_unique<DiskReplacement>(path);
-}
+std::unique_ptr<Replacement> replaceOnDisk(const std::string& path) { return std::make_unique<DiskReplacement>(path); }
 
 }  // namespace canvas

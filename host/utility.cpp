@@ -40,9 +40,7 @@ public:
         return words;
     }
 
-    std::string StripQuotes(std::string_view token) override {
-        return std::string(stripQuotes(token));
-    }
+    std::string StripQuotes(std::string_view token) override { return std::string(stripQuotes(token)); }
 
     std::string ConvertLabel(std::string_view text, bool flag1, bool flag2) override {
         if (flag1) return onOneLine(text);

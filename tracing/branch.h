@@ -63,10 +63,10 @@ public:
     /// Runs the steps in order. A step gives nothing, or a Flow: `leave` ends the procedure early.
     template <class... Steps>
     Flow operator()(Steps&&... steps) {
+        const InLibrary inside;  // no stack left: the caller's failure, who has more of it
         std::size_t at = 0;
         for (;;) {
             try {
-                const InLibrary inside;
                 return runFrom(at, std::index_sequence_for<Steps...>{}, steps...) ? Flow::leave : Flow::next;
             } catch (...) {
                 if (std::current_exception() == m_handedOn) throw;  // a nested run has asked already

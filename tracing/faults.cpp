@@ -58,7 +58,7 @@ void handOn(Filtered& row, siginfo_t* info, void* context) {
     if (!takesInfo && row.before.sa_handler == SIG_IGN && sent) return;  // the machine's own faults cannot be ignored
     if (takesInfo || (row.before.sa_handler != SIG_DFL && row.before.sa_handler != SIG_IGN)) {
         struct sigaction before = row.before;
-        if (before.sa_flags & SA_RESETHAND) {
+        if (static_cast<unsigned>(before.sa_flags) & SA_RESETHAND) {
             row.before.sa_handler = SIG_DFL;
             row.before.sa_flags &= ~SA_SIGINFO;
         }

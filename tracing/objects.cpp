@@ -91,14 +91,13 @@ void writeMembers(const Object& object, std::string_view prefix, int tab) {
 
 }  // namespace detail
 
-void vbwReportObject(std::string_view lName, const Ref<Object>& lObject, int lTab) noexcept {
+void vbwReportObject(std::string_view lName, Ref<Object> lObject, int lTab) noexcept {
     try {
         const InLibrary inside;
         if (!lObject) return detail::writeMark(lTab, lName, "Nothing");
         const std::string_view refusal = Following::refusal(*lObject);
         if (!refusal.empty()) return detail::writeMark(lTab, lName, refusal);
-        const Ref<Object> alive = lObject;  // the objects it hands out may drop it
-        writeObject(lName, *alive, lTab);
+        writeObject(lName, *lObject, lTab);
     } catch (...) {
         detail::writeMark(lTab, lName, detail::variableFailed);
     }

@@ -34,7 +34,7 @@ void vbwReportVariable(std::string_view lName, const Value& lValue, int lTab) no
 void vbwReportParameter(std::string_view lName, const Value& lValue, int lTab) noexcept;
 /// Writes an object's heading and, one level deeper, its variables under `lName.`. A form (an object with Controls)
 /// adds its controls, each with its Value. An object inside itself is told, not followed.
-void vbwReportObject(std::string_view lName, const Ref<Object>& lObject, int lTab) noexcept;
+void vbwReportObject(std::string_view lName, Ref<Object> lObject, int lTab) noexcept;
 
 /// 0 for an array without dimensions, and for what is no array.
 int GetArrayDimension(const Value& arg);

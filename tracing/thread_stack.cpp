@@ -10,14 +10,15 @@
 namespace canvas::tracing {
 namespace {
 
+constexpr std::size_t kilobyte = 1024;
 /// The unwinder, the machine's saved registers, and what a sanitizer adds.
-constexpr std::size_t alternateSize = 128 * 1024;
-constexpr std::size_t enoughForUnwinding = 32 * 1024;
-constexpr std::uintptr_t roomForAnswer = 128 * 1024;
+constexpr std::size_t alternateSize = 128 * kilobyte;
+constexpr std::size_t enoughForUnwinding = 32 * kilobyte;
+constexpr std::uintptr_t roomForAnswer = 128 * kilobyte;
 /// What a call or the red zone touches below the stack pointer.
-constexpr std::uintptr_t belowPointer = 4096;
+constexpr std::uintptr_t belowPointer = 4 * kilobyte;
 /// A procedure with large variables sets the pointer beyond the end before it touches anything.
-constexpr std::uintptr_t largestFrame = 1024 * 1024;
+constexpr std::uintptr_t largestFrame = 1024 * kilobyte;
 
 std::uintptr_t addressOf(const void* pointer) noexcept { return reinterpret_cast<std::uintptr_t>(pointer); }
 

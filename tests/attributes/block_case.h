@@ -1,8 +1,8 @@
 #pragma once
 // What a block class shows, keeps and writes, row by row. A new class is one more case.
 
+#include <algorithm>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -36,13 +36,13 @@ struct BlockCase {
     const char* name;
     Ref<AttributeObject> (*create)();
     std::vector<Setting> settings;
-    const char* fresh;               ///< file line of a new object
+    const char* fresh;                  ///< file line of a new object
     std::vector<std::string> values{};  ///< given to AssignFromFile as numbers 1, 2, 3 ...
-    const char* line;                ///< file line after them
+    const char* line;                   ///< file line after them
 
-    bool panel = true;               ///< false: the protocol's operations are empty
-    bool wholePanel = true;          ///< false: UpdateMatrix is empty
-    bool anyFileNumber = false;      ///< AssignFromFile stores whatever the number
+    bool panel = true;                      ///< false: the protocol's operations are empty
+    bool wholePanel = true;                 ///< false: UpdateMatrix is empty
+    bool anyFileNumber = false;             ///< AssignFromFile stores whatever the number
     std::vector<std::string> otherItems{};  ///< what GetComboItem gives for any row that has no items of its own
 
     int rows() const { return highest(&Setting::row) + 1; }

@@ -5,8 +5,9 @@
 #include "attributes/attribute.h"
 #include "block_case.h"
 #include "fake_checker.h"
-#include "host/raised.h"
 #include "panel.h"
+#include "print.h"
+#include "tests/host/raised.h"
 
 namespace canvas {
 namespace testing {
@@ -26,11 +27,16 @@ protected:
     const BlockCase& block = GetParam();
     Ref<AttributeObject> object = block.create();
 
-    std::string textOf(const Setting& setting, AttributeObject& of) const { return of.get(setting.property).toText(); }
-    std::string textOf(const Setting& setting) const { return textOf(setting, *object); }
+    std::string textOf(const Setting& setting) const { return object->get(setting.property).toText(); }
     void read(AttributeObject& into) const {
         for (std::size_t i = 0; i < block.values.size(); ++i)
             into.AssignFromFile(static_cast<std::int16_t>(i + 1), block.values[i]);
+    }
+    /// The settings that have a row, in the order of the rows.
+    std::vector<const Setting*> rows() const {
+        std::vector<const Setting*> found;
+        for (int row = 0; row < block.rows(); ++row) found.push_back(block.at(&Setting::row, row));
+        return found;
     }
     std::vector<std::string> columns(int row) const {
         std::vector<std::string> cells;
@@ -40,9 +46,9 @@ protected:
     }
     /// A text for the setting's row that differs from the preset and that its field takes.
     static std::string otherText(const Setting& setting) {
-        return setting.items.empty() ? "a + b" : setting.items.back() == setting.preset.toText()
-                                                     ? setting.items.front()
-                                                     : setting.items.back();
+        return setting.items.empty()                             ? "a + b"
+               : setting.items.back() == setting.preset.toText() ? setting.items.front()
+                                                                 : setting.items.back();
     }
 };
 
@@ -73,15 +79,13 @@ TEST_P(BlockClass, AFileLineIsReadBackValueByValue) {
 TEST_P(BlockClass, FileNumbersBeyondItsValuesAreIgnored) {
     if (block.anyFileNumber) return;
     const auto count = static_cast<std::int16_t>(block.values.size());
-    for (const int number : {-1, 0, count + 1, 32767})
-        object->AssignFromFile(static_cast<std::int16_t>(number), "1");
+    for (const int number : {-1, 0, count + 1, 32767}) object->AssignFromFile(static_cast<std::int16_t>(number), "1");
     EXPECT_EQ(object->OutputToFile(""), block.fresh);
     for (const Setting& setting : block.settings) EXPECT_EQ(object->get(setting.property), setting.preset);
 }
 
 TEST_P(BlockClass, TheMatrixIsEmptyUntilItIsFilled) {
-    for (int row = 0; row <= block.rows(); ++row)
-        EXPECT_EQ(columns(row), std::vector<std::string>(7)) << row;
+    for (int row = 0; row <= block.rows(); ++row) EXPECT_EQ(columns(row), std::vector<std::string>(7)) << row;
 }
 
 TEST_P(BlockClass, TheMatrixTellsItsBounds) {
@@ -91,18 +95,17 @@ TEST_P(BlockClass, TheMatrixTellsItsBounds) {
 
 TEST_P(BlockClass, FillMatrixWritesAllSevenColumnsOfEveryRow) {
     EXPECT_FALSE(object->FillMatrix());
-    for (const Setting& setting : block.settings) {
-        if (setting.row < 0) continue;
+    for (const Setting* setting : rows()) {
         const std::vector<std::string> expected{
-            setting.label,
-            setting.preset.toText(),
-            setting.tip,
-            std::to_string(setting.access),
-            std::to_string(setting.builder),
-            std::to_string(setting.display),
-            std::to_string(setting.type),
+            setting->label,
+            setting->preset.toText(),
+            setting->tip,
+            std::to_string(setting->access),
+            std::to_string(setting->builder),
+            std::to_string(setting->display),
+            std::to_string(setting->type),
         };
-        EXPECT_EQ(columns(setting.row), expected) << setting.property;
+        EXPECT_EQ(columns(setting->row), expected) << setting->property;
     }
     EXPECT_EQ(columns(block.rows()), std::vector<std::string>(7));
     EXPECT_EQ(object->GetElementFromMatrix(0, 7), "");
@@ -111,11 +114,12 @@ TEST_P(BlockClass, FillMatrixWritesAllSevenColumnsOfEveryRow) {
 TEST_P(BlockClass, FillMatrixShowsThePresentFields) {
     object->FillMatrix();
     read(*object);
-    for (const Setting& setting : block.settings)
-        if (setting.row >= 0) EXPECT_EQ(columns(setting.row)[1], setting.preset.toText()) << setting.property;
+    const auto shown = [&](const Setting& setting) {
+        return object->GetElementFromMatrix(static_cast<std::int16_t>(setting.row), 1);
+    };
+    for (const Setting* setting : rows()) EXPECT_EQ(shown(*setting), setting->preset.toText()) << setting->property;
     object->FillMatrix();
-    for (const Setting& setting : block.settings)
-        if (setting.row >= 0) EXPECT_EQ(columns(setting.row)[1], setting.read) << setting.property;
+    for (const Setting* setting : rows()) EXPECT_EQ(shown(*setting), setting->read) << setting->property;
 }
 
 TEST_P(BlockClass, CountsAndHandsOutItsProperties) {
@@ -136,37 +140,35 @@ TEST_P(BlockClass, ComboRowsGiveTheirLists) {
 }
 
 TEST_P(BlockClass, ACommittedCellIsCheckedUnlessItsRowIsExempt) {
-    for (const Setting& setting : block.settings) {
-        if (setting.row < 0) continue;
+    for (const Setting* setting : rows()) {
+        SCOPED_TRACE(setting->property);
         FakeChecker checker;
-        const std::string text = otherText(setting);
-        const auto out = testing::commitCell(*object, setting.row, text, checker.object());
-        EXPECT_TRUE(out.result) << setting.property;
+        const std::string text = otherText(*setting);
+        const auto out = testing::commitCell(*object, setting->row, text, checker.object());
+        EXPECT_TRUE(out.result);
         const std::vector<std::string> checked{"checkexpression(" + text + ",1,1)", "GetResult"};
-        EXPECT_EQ(checker.calls, setting.cellChecked ? checked : std::vector<std::string>()) << setting.property;
-        const std::string stored = setting.storesTyped ? text : "[" + text + "]";
-        EXPECT_EQ(textOf(setting), stored) << setting.property;
-        EXPECT_EQ(out.FormattedText, stored) << setting.property;
+        EXPECT_EQ(checker.calls, setting->cellChecked ? checked : std::vector<std::string>());
+        const std::string stored = setting->storesTyped ? text : "[" + text + "]";
+        EXPECT_EQ(textOf(*setting), stored);
+        EXPECT_EQ(out.FormattedText, stored);
     }
 }
 
 TEST_P(BlockClass, ACommittedCellChangesNoOtherSetting) {
-    for (const Setting& setting : block.settings) {
-        if (setting.row < 0) continue;
+    for (const Setting* setting : rows()) {
         const auto fresh = block.create();
         FakeChecker checker;
-        testing::commitCell(*fresh, setting.row, otherText(setting), checker.object());
+        testing::commitCell(*fresh, setting->row, otherText(*setting), checker.object());
         for (const Setting& other : block.settings)
-            EXPECT_EQ(fresh->get(other.property) == other.preset, &other != &setting)
-                << setting.property << " and " << other.property;
+            EXPECT_EQ(fresh->get(other.property) == other.preset, &other != setting)
+                << setting->property << " and " << other.property;
     }
 }
 
 TEST_P(BlockClass, AWholePanelIsStoredAsTypedWhereItCanBe) {
     FakeChecker checker;
-    std::vector<std::string> texts(static_cast<std::size_t>(block.rows()));
-    for (const Setting& setting : block.settings)
-        if (setting.row >= 0) texts[static_cast<std::size_t>(setting.row)] = otherText(setting);
+    std::vector<std::string> texts;
+    for (const Setting* setting : rows()) texts.push_back(otherText(*setting));
     EXPECT_EQ(testing::commitPanel(*object, 0, testing::panelOf(texts), checker.object()).result, block.wholePanel);
     for (const Setting& setting : block.settings) {
         const bool stored = block.wholePanel && setting.row >= 0;
@@ -243,17 +245,26 @@ TEST_P(BlockClass, OffersTheProtocolUnderBothNames) {
         std::size_t arguments;
         bool plain = true;
     } operations[]{
-        {"FillMatrix", 0}, {"UpdateMatrix", 13}, {"UpdateElementInMatrix", 11}, {"GetElementFromMatrix", 2},
-        {"MatrixRow", 0}, {"MatrixCol", 0}, {"GetComboItem", 2}, {"GetNumOfProperties", 0}, {"GetPropertyAt", 1},
-        {"PropertiesSyntaxCheck", 3}, {"AdvancedMatrixCol", 0, false}, {"AdvancedMatrixRow", 0, false},
-        {"GetElementFromAdvancedMatrix", 2, false}, {"GetAdvancedComboItem", 2, false}, {"IsAdvancedOn", 0, false},
+        {"FillMatrix", 0},
+        {"UpdateMatrix", 13},
+        {"UpdateElementInMatrix", 11},
+        {"GetElementFromMatrix", 2},
+        {"MatrixRow", 0},
+        {"MatrixCol", 0},
+        {"GetComboItem", 2},
+        {"GetNumOfProperties", 0},
+        {"GetPropertyAt", 1},
+        {"PropertiesSyntaxCheck", 3},
+        {"AdvancedMatrixCol", 0, false},
+        {"AdvancedMatrixRow", 0, false},
+        {"GetElementFromAdvancedMatrix", 2, false},
+        {"GetAdvancedComboItem", 2, false},
+        {"IsAdvancedOn", 0, false},
     };
     for (const auto& row : operations) {
         std::vector<Value> tooMany(row.arguments + 1);
-        EXPECT_EQ(testing::raisedBy([&] { object->call("IBlockAttribute_" + row.operation, tooMany); }), 450)
-            << row.operation;
-        EXPECT_EQ(testing::raisedBy([&] { object->call(row.operation, tooMany); }), row.plain ? 450 : 438)
-            << row.operation;
+        EXPECT_EQ(raisedBy([&] { object->call("IBlockAttribute_" + row.operation, tooMany); }), 450) << row.operation;
+        EXPECT_EQ(raisedBy([&] { object->call(row.operation, tooMany); }), row.plain ? 450 : 438) << row.operation;
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // A property panel without a screen: commits cells and whole panels, and answers failures.
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <string_view>

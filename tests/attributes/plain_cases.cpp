@@ -2,6 +2,8 @@
 
 #include "block_case.h"
 
+// clang-format off: a setting is read as a whole
+
 namespace canvas::testing {
 namespace {
 

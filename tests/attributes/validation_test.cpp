@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "host/collection.h"
-#include "host/raised.h"
+#include "print.h"
+#include "tests/host/raised.h"
 
 namespace canvas {
 namespace {
@@ -176,7 +177,8 @@ TEST(Validation, EveryTableNamePassesAndItsListComesBack) {
 TEST(Validation, IsReachedByName) {
     const Ref<Object> validation = make<clsBVTDataValidation>();
     std::string strError = untouched;
-    EXPECT_EQ(invoke(*validation, "Validate", "70000", std::int32_t{brxPositiveWord}, std::ref(strError)), Value(false));
+    EXPECT_EQ(invoke(*validation, "Validate", "70000", std::int32_t{brxPositiveWord}, std::ref(strError)),
+              Value(false));
     EXPECT_EQ(strError, positiveInteger);
     strError = untouched;
     const Ref<Object> names = make<Collection>();
@@ -192,8 +194,9 @@ TEST(Validation, OnlyThePlainChecksDoWithoutAMessage) {
     const Ref<Object> validation = make<clsBVTDataValidation>();
     for (const char* check : {"IsInteger", "IsFloat", "IsLong"})
         EXPECT_EQ(invoke(*validation, check, "1E200"), Value(false)) << check;
-    for (const char* check : {"IsPositiveInteger", "IsPositiveFloat", "IsPositiveLong", "IsScaledInteger", "IsScaledLong"})
-        EXPECT_EQ(testing::raisedBy([&] { invoke(*validation, check, "1"); }), 450) << check;
+    for (const char* check :
+         {"IsPositiveInteger", "IsPositiveFloat", "IsPositiveLong", "IsScaledInteger", "IsScaledLong"})
+        EXPECT_EQ(raisedBy([&] { invoke(*validation, check, "1"); }), 450) << check;
 }
 
 TEST(Datatypes, KeepTheirNumbers) {
@@ -201,11 +204,10 @@ TEST(Datatypes, KeepTheirNumbers) {
         brxDatatype type;
         int number;
     } types[]{
-        {brxUnknown, 0},       {brxBool, 1},          {brxByte, 2},           {brxWord, 4},
-        {brxScaledWord, 5},    {brxPositiveWord, 6},  {brxLong, 8},           {brxScaledLong, 9},
-        {brxPositiveLong, 10}, {brxIntegral, 14},     {brxFloat, 16},         {brxScaledFloat, 17},
-        {brxPositiveFloat, 18}, {brxDouble, 32},      {brxReal, 48},          {brxFilename, 49},
-        {brxAddress, 50},      {brxExpression, 51},   {brxChoice, 52},        {brxTableName, 53},
+        {brxUnknown, 0},        {brxBool, 1},         {brxByte, 2},           {brxWord, 4},          {brxScaledWord, 5},
+        {brxPositiveWord, 6},   {brxLong, 8},         {brxScaledLong, 9},     {brxPositiveLong, 10}, {brxIntegral, 14},
+        {brxFloat, 16},         {brxScaledFloat, 17}, {brxPositiveFloat, 18}, {brxDouble, 32},       {brxReal, 48},
+        {brxFilename, 49},      {brxAddress, 50},     {brxExpression, 51},    {brxChoice, 52},       {brxTableName, 53},
         {brxNotApplicable, 54}, {brxNumber, 62},      {brxTypeMask, 63},      {brxTypeMax, 64},
     };
     for (const auto& row : types) EXPECT_EQ(static_cast<int>(row.type), row.number);

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "host/composed.h"
-#include "scratch.h"
+#include "raised.h"
 
 using namespace canvas;
-using scratch::errorOf;
 
 namespace {
 
@@ -43,9 +42,18 @@ TEST(SyntaxChecker, OnlyStatusZeroIsGood) {
         Value status;
         bool good;
     } cases[] = {
-        {std::int16_t{0}, true}, {std::int32_t{0}, true},   {0.0, true},  {"0", true},  {" 0.0 ", true},
-        {Value(), true},         {false, true},             {std::int16_t{1}, false},   {std::int32_t{-1}, false},
-        {0.4, false},            {"1", false},              {true, false},
+        {std::int16_t{0}, true},
+        {std::int32_t{0}, true},
+        {0.0, true},
+        {"0", true},
+        {" 0.0 ", true},
+        {Value(), true},
+        {false, true},
+        {std::int16_t{1}, false},
+        {std::int32_t{-1}, false},
+        {0.4, false},
+        {"1", false},
+        {true, false},
     };
     for (const auto& c : cases) {
         Fake fake;
@@ -57,9 +65,9 @@ TEST(SyntaxChecker, OnlyStatusZeroIsGood) {
 TEST(SyntaxChecker, AStatusThatIsNoNumberIsAnError) {
     Fake fake;
     fake.status = "good";
-    EXPECT_EQ(errorOf([&] { SyntaxChecker(*fake.object).check("x", 1, 1); }), 13);
+    EXPECT_EQ(raisedBy([&] { SyntaxChecker(*fake.object).check("x", 1, 1); }), 13);
     fake.status = Null{};
-    EXPECT_EQ(errorOf([&] { SyntaxChecker(*fake.object).check("x", 1, 1); }), 94);
+    EXPECT_EQ(raisedBy([&] { SyntaxChecker(*fake.object).check("x", 1, 1); }), 94);
 }
 
 TEST(SyntaxChecker, MayWriteToItsArgumentsWithoutHarm) {
@@ -137,8 +145,8 @@ TEST(SyntaxChecker, AnswersThatDoNotConvertAreErrors) {
     for (const auto& c : cases) {
         Fake fake;
         fake.answers = c.answers;
-        EXPECT_EQ(errorOf([&] { SyntaxChecker(*fake.object).result(); }), c.result);
-        EXPECT_EQ(errorOf([&] { SyntaxChecker(*fake.object).complaint(); }), c.complaint);
+        EXPECT_EQ(raisedBy([&] { SyntaxChecker(*fake.object).result(); }), c.result);
+        EXPECT_EQ(raisedBy([&] { SyntaxChecker(*fake.object).complaint(); }), c.complaint);
     }
 }
 
@@ -151,9 +159,9 @@ TEST(SyntaxChecker, AMissingMemberIsAnErrorWhereItIsNeeded) {
         Fake fake;
         fake.object->without(c.missing);
         SyntaxChecker checker(*fake.object);
-        EXPECT_EQ(errorOf([&] { checker.check("x", 1, 1); }), c.check);
-        EXPECT_EQ(errorOf([&] { checker.result(); }), c.result);
-        EXPECT_EQ(errorOf([&] { checker.complaint(); }), c.complaint);
+        EXPECT_EQ(raisedBy([&] { checker.check("x", 1, 1); }), c.check);
+        EXPECT_EQ(raisedBy([&] { checker.result(); }), c.result);
+        EXPECT_EQ(raisedBy([&] { checker.complaint(); }), c.complaint);
     }
 }
 

@@ -105,10 +105,12 @@ TEST(WithEnvironment, IsInForceUntilTheEndOfItsScope) {
     const auto outer = std::make_shared<Recorder>(), inner = std::make_shared<Recorder>();
     Environment* const own = &environment();
     {
-        const WithEnvironment first({.interaction = outer, .files = {}, .clock = {}, .process = {}, .utility = {}, .application = {}});
+        const WithEnvironment first(
+            {.interaction = outer, .files = {}, .clock = {}, .process = {}, .utility = {}, .application = {}});
         EXPECT_EQ(environment().interaction, outer);
         {
-            const WithEnvironment second({.interaction = inner, .files = {}, .clock = {}, .process = {}, .utility = {}, .application = {}});
+            const WithEnvironment second(
+                {.interaction = inner, .files = {}, .clock = {}, .process = {}, .utility = {}, .application = {}});
             EXPECT_EQ(environment().interaction, inner);
         }
         EXPECT_EQ(environment().interaction, outer);

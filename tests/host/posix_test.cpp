@@ -12,18 +12,18 @@
 #include "scratch.h"
 
 using namespace canvas;
-using scratch::errorOf;
 
 TEST(FailedSystemCalls, AreTheRunTimeErrorsOfOneTable) {
     const struct {
         int code, number;
     } cases[] = {
-        {ENOENT, 53},  {ENOTDIR, 76}, {EPERM, 70},  {EROFS, 70},  {EBUSY, 70},        {ETXTBSY, 70}, {EISDIR, 75},
-        {ELOOP, 75},   {ENXIO, 75},   {EXDEV, 75},  {EEXIST, 58}, {ENOSPC, 61},       {EDQUOT, 61},  {EFBIG, 61},
-        {EIO, 57},     {EMFILE, 7},   {ENFILE, 7},  {ENOMEM, 7},  {ENAMETOOLONG, 52}, {EINVAL, 52},  {EILSEQ, 52},
-        {ENOSYS, 57},  {0, 57},
+        {ENOENT, 53},       {ENOTDIR, 76}, {EPERM, 70},  {EROFS, 70},  {EBUSY, 70},  {ETXTBSY, 70},
+        {EISDIR, 75},       {ELOOP, 75},   {ENXIO, 75},  {EXDEV, 75},  {EEXIST, 58}, {ENOSPC, 61},
+        {EDQUOT, 61},       {EFBIG, 61},   {EIO, 57},    {EMFILE, 7},  {ENFILE, 7},  {ENOMEM, 7},
+        {ENAMETOOLONG, 52}, {EINVAL, 52},  {EILSEQ, 52}, {ENOSYS, 57}, {0, 57},
     };
-    for (const auto& c : cases) EXPECT_EQ(errorOf([&] { posix::fail(c.code, "a"); }), c.number) << std::strerror(c.code);
+    for (const auto& c : cases)
+        EXPECT_EQ(raisedBy([&] { posix::fail(c.code, "a"); }), c.number) << std::strerror(c.code);
 }
 
 TEST(FailedSystemCalls, CarryTheDescriptionOfTheirNumber) {
@@ -36,12 +36,12 @@ TEST(FailedSystemCalls, CarryTheDescriptionOfTheirNumber) {
 }
 
 TEST(FailedSystemCalls, ForAMissingNameTheCallerDecides) {
-    EXPECT_EQ(errorOf([] { posix::fail(ENOENT, "a", Error::pathNotFound); }), 76);
+    EXPECT_EQ(raisedBy([] { posix::fail(ENOENT, "a", Error::pathNotFound); }), 76);
 }
 
 TEST(FailedSystemCalls, RefusedAccessHangsOnWhetherThePathCanBeWalked) {
     const scratch::Folder folder;
-    EXPECT_EQ(errorOf([&] { posix::fail(EACCES, folder / "a"); }), 70);
+    EXPECT_EQ(raisedBy([&] { posix::fail(EACCES, folder / "a"); }), 70);
     ASSERT_EQ(::chmod(folder.path().c_str(), 0600), 0);
     EXPECT_EQ(scratch::errorWithoutRights([&] { posix::fail(EACCES, folder / "a"); }), 75);
 }
@@ -49,8 +49,8 @@ TEST(FailedSystemCalls, RefusedAccessHangsOnWhetherThePathCanBeWalked) {
 TEST(NativeNames, TakeBackslashesAsSeparators) {
     EXPECT_EQ(posix::nativeName("C:\\sub/a b\\c.bpa"), "C:/sub/a b/c.bpa");
     EXPECT_EQ(posix::nativeName("."), ".");
-    EXPECT_EQ(errorOf([] { posix::nativeName(""); }), 52);
-    EXPECT_EQ(errorOf([] { posix::nativeName(std::string_view("a\0b", 3)); }), 52);
+    EXPECT_EQ(raisedBy([] { posix::nativeName(""); }), 52);
+    EXPECT_EQ(raisedBy([] { posix::nativeName(std::string_view("a\0b", 3)); }), 52);
 }
 
 TEST(NativeNames, FallIntoFolderAndEntry) {

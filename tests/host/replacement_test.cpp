@@ -11,7 +11,6 @@
 
 using namespace canvas;
 using scratch::bytesOf;
-using scratch::errorOf;
 using scratch::errorWithoutRights;
 using scratch::put;
 
@@ -25,7 +24,7 @@ struct DiskReplacement : testing::Test {
     const std::string path = folder / "a.bpa";
 
     int creationError(const std::string& target) {
-        return errorOf([&] { files->replace(target); });
+        return raisedBy([&] { files->replace(target); });
     }
     static unsigned modeOf(const std::string& file) {
         struct stat status {};
@@ -166,10 +165,9 @@ TEST_F(DiskReplacement, ATargetThatCannotBeWrittenIsRefusedAtOnce) {
         std::string target;
         int error;
     } cases[] = {
-        {folder / "none/a.bpa", 76}, {folder / "none/", 76},      {folder / "file/a.bpa", 76},
-        {folder / "sub", 75},        {folder / "sub/", 75},       {folder / "link", 75},
-        {folder / "pipe", 75},       {folder / "loop", 75},       {"/dev/null", 75},
-        {folder / "file/", 76},      {"/none-such/a.bpa", 76},
+        {folder / "none/a.bpa", 76}, {folder / "none/", 76}, {folder / "file/a.bpa", 76}, {folder / "sub", 75},
+        {folder / "sub/", 75},       {folder / "link", 75},  {folder / "pipe", 75},       {folder / "loop", 75},
+        {"/dev/null", 75},           {folder / "file/", 76}, {"/none-such/a.bpa", 76},
     };
     const Names before = folder.entries();
     for (const auto& c : cases) EXPECT_EQ(creationError(c.target), c.error) << c.target;
@@ -204,7 +202,7 @@ TEST_F(DiskReplacement, AFullDiskLeavesTheOldFileAndNothingElse) {
         const rlimit limit{65536, 65536};
         ::setrlimit(RLIMIT_FSIZE, &limit);
         const auto replacement = files->replace(path);
-        return errorOf([&] { replacement->commit(std::string(100000, 'x')); });
+        return raisedBy([&] { replacement->commit(std::string(100000, 'x')); });
     });
     EXPECT_EQ(error, 61);
     EXPECT_EQ(bytesOf(path), "old");
@@ -214,7 +212,7 @@ TEST_F(DiskReplacement, AFullDiskLeavesTheOldFileAndNothingElse) {
 TEST_F(DiskReplacement, ATargetThatBecameAFolderMeanwhileIsLeftAlone) {
     const auto replacement = files->replace(path);
     std::filesystem::create_directory(path);
-    EXPECT_EQ(errorOf([&] { replacement->commit("content"); }), 75);
+    EXPECT_EQ(raisedBy([&] { replacement->commit("content"); }), 75);
     EXPECT_TRUE(files->isFolder(path));
     EXPECT_EQ(folder.entries(), Names{"a.bpa"});
 }
@@ -223,7 +221,7 @@ TEST_F(DiskReplacement, AFolderThatWentAwayMeanwhileIsToldAtTheCommit) {
     std::filesystem::create_directory(folder / "sub");
     const auto replacement = files->replace(folder / "sub/a.bpa");
     std::filesystem::remove_all(folder / "sub");
-    EXPECT_EQ(errorOf([&] { replacement->commit("content"); }), 76);
+    EXPECT_EQ(raisedBy([&] { replacement->commit("content"); }), 76);
 }
 
 TEST_F(DiskReplacement, AStrayTemporaryOfAKilledProcessIsPassedOver) {

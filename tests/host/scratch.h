@@ -1,5 +1,5 @@
 #pragma once
-// What the tests of the disk share: a folder of their own, plain file access, and the number of a raised error.
+// What the tests of the disk share: a folder of their own, plain file access, and children with fewer rights.
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,20 +13,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "host/errors.h"
+#include "raised.h"
 
 namespace canvas::scratch {
-
-/// The number of the run-time error that `act` raises, 0 for none.
-template <class Act>
-int errorOf(Act act) {
-    try {
-        act();
-    } catch (const RuntimeError& error) {
-        return error.number;
-    }
-    return 0;
-}
 
 /// A new folder that anyone may write to, removed with all it holds.
 class Folder {
@@ -57,9 +46,7 @@ private:
     std::string m_path;
 };
 
-inline void put(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
+inline void put(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
 inline std::string bytesOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -81,8 +68,9 @@ template <class Act>
 int errorWithoutRights(Act act) {
     return inChild([&] {
         constexpr unsigned nobody = 65534;
-        if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)) return 255;
-        return errorOf(act);
+        if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0))
+            return 255;
+        return raisedBy(act);
     });
 }
 

@@ -18,9 +18,15 @@ TEST_F(Utility, TheFileTitleIsTheLastComponentWithItsExtension) {
     const struct {
         const char *path, *title;
     } cases[] = {
-        {"sub.bpg", "sub.bpg"},        {"C:\\project\\sub.bpg", "sub.bpg"}, {"/project/sub.bpg", "sub.bpg"},
-        {".\\sub.bpg", "sub.bpg"},     {"a/b\\c.d.bpa", "c.d.bpa"},         {"a\\b/c", "c"},
-        {"C:\\two words\\a b", "a b"}, {"folder\\", ""},                    {"", ""},
+        {"sub.bpg", "sub.bpg"},
+        {"C:\\project\\sub.bpg", "sub.bpg"},
+        {"/project/sub.bpg", "sub.bpg"},
+        {".\\sub.bpg", "sub.bpg"},
+        {"a/b\\c.d.bpa", "c.d.bpa"},
+        {"a\\b/c", "c"},
+        {"C:\\two words\\a b", "a b"},
+        {"folder\\", ""},
+        {"", ""},
         {"C:sub.bpg", "C:sub.bpg"},
     };
     for (const auto& c : cases) EXPECT_EQ(library->FileTitleOf(c.path), c.title) << c.path;
@@ -29,8 +35,8 @@ TEST_F(Utility, TheFileTitleIsTheLastComponentWithItsExtension) {
 TEST_F(Utility, HexadecimalDigitsAreUpperCaseAndAtLeastFour) {
     const struct {
         const char *digits, *text;
-    } cases[] = {{"1234", "1234"}, {"0", "0000"},       {"", "0000"},         {"a", "000A"},
-                 {"beef", "BEEF"}, {"1a2b3", "1A2B3"}, {"ffffffff", "FFFFFFFF"}};
+    } cases[] = {{"1234", "1234"},   {"0", "0000"},           {"", "0000"}, {"a", "000A"}, {"beef", "BEEF"},
+                 {"1a2b3", "1A2B3"}, {"ffffffff", "FFFFFFFF"}};
     for (const auto& c : cases) EXPECT_EQ(library->HexText(c.digits), c.text);
 }
 
@@ -41,7 +47,8 @@ TEST_F(Utility, ALineSplitsAtSingleBlanksIntoNineWords) {
     } cases[] = {
         {"", Words{}},
         {"one", Words{"one"}},
-        {"WINDOW_PARAMS_DEFINE 1 2 3 4 100% 5 6 0", Words{"WINDOW_PARAMS_DEFINE", "1", "2", "3", "4", "100%", "5", "6", "0"}},
+        {"WINDOW_PARAMS_DEFINE 1 2 3 4 100% 5 6 0",
+         Words{"WINDOW_PARAMS_DEFINE", "1", "2", "3", "4", "100%", "5", "6", "0"}},
         {"a b c", Words{"a", "b", "c"}},
         {"a  b", Words{"a", "", "b"}},
         {" a", Words{"", "a"}},
@@ -56,7 +63,7 @@ TEST_F(Utility, OnePairOfQuotesIsStripped) {
     const struct {
         const char *token, *stripped;
     } cases[] = {
-        {"\"text\"", "text"}, {"text", "text"},       {"\"\"", ""},   {"", ""},           {"\"", "\""},
+        {"\"text\"", "text"}, {"text", "text"},         {"\"\"", ""},           {"", ""},         {"\"", "\""},
         {"\"open", "\"open"}, {"closed\"", "closed\""}, {"\"\"a\"\"", "\"a\""}, {"a\"b", "a\"b"}, {" \"a\"", " \"a\""},
     };
     for (const auto& c : cases) EXPECT_EQ(library->StripQuotes(c.token), c.stripped) << c.token;
@@ -97,3 +104,16 @@ TEST_F(Utility, ANoteComesBackAsItWasWritten) {
 }
 
 TEST_F(Utility, TheFileFormatVersionIsTwoHundred) { EXPECT_EQ(library->FileFormatVersion(), "200"); }
+
+TEST_F(Utility, OnlyTheDefaultLibraryIsPlain) {
+    struct Other : UtilityLibrary {
+        std::string FileTitleOf(std::string_view) override { return {}; }
+        std::string HexText(std::string_view) override { return {}; }
+        Words SplitLine(std::string_view) override { return {}; }
+        std::string StripQuotes(std::string_view) override { return {}; }
+        std::string ConvertLabel(std::string_view, bool, bool) override { return {}; }
+        std::string FileFormatVersion() override { return {}; }
+    };
+    EXPECT_TRUE(library->plain());
+    EXPECT_FALSE(Other().plain());
+}

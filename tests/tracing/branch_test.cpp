@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <thread>
 
 #include "tests/tracing/fakes.h"
 
@@ -278,6 +279,22 @@ TEST(Branch, WhatTheHandlerItselfRaisesReachesTheCaller) {
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.number, 57);
     }
+}
+
+TEST(Branch, AHandlerMayEndTheThreadThroughAllItsProcedures) {
+    class Ending final : public ErrorHandler {
+        Answer ask(const Failure&) override {
+            vbwExitThread();
+            return Answer::ignore;
+        }
+    } ending;
+    std::string trail;
+    std::thread([&] {
+        const WithErrorHandler inForce(ending);
+        Procedure outer("clsOuter", "Outer", nullptr, [](Locals&) {});
+        outer([&] { ThreeSteps().run(); }, [&] { trail += "went on"; });
+    }).join();
+    EXPECT_EQ(trail, "");
 }
 
 TEST(ErrorHandler, TheInnermostIsAskedUntilItsScopeEnds) {

@@ -243,6 +243,23 @@ TEST_F(Filter, AFaultInsideAReportDoesNotEndTheReport) {
     EXPECT_TRUE(surroundings.dump().ends_with("**** Printer Printer ****\r\n"));
 }
 
+TEST_F(Filter, AFaultInTheErrorHandlerReachesTheCaller) {
+    class Faulting final : public ErrorHandler {
+        Answer ask(const Failure&) override {
+            writeThroughNull();
+            return Answer::ignore;
+        }
+    } faulting;
+    const WithErrorHandler inForce(faulting);
+    Procedure run("clsSample", "Asking", nullptr, [](Locals&) {});
+    try {
+        run([] { raise(Error::overflow); });
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.description, "Exception: Access Violation");
+    }
+}
+
 TEST_F(Filter, TheRunIsCountedAlsoWhenItEndsInAFault) {
     EXPECT_FALSE(InLibrary::running());
     onFailure(

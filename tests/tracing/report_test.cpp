@@ -7,6 +7,7 @@
 #include "host/array.h"
 #include "tests/tracing/fakes.h"
 #include "tracing/branch.h"
+#include "tracing/faults.h"
 
 namespace canvas::tracing {
 namespace {
@@ -153,6 +154,30 @@ TEST_F(Report, ADiskThatFillsUpCutsTheReportShortAndClosesIt) {
     fail();
     EXPECT_TRUE(surroundings.dump().ends_with("strLine = \"a<CrLf>b\" (String)\r\n"));
     EXPECT_FALSE(surroundings.disk->isOpen());
+}
+
+TEST_F(Report, LiesBesideTheApplicationOnTheMachinesOwnDisk) {
+    const std::string folder = testing::TempDir() + "canvas_report";
+    const std::shared_ptr<Files> disk = makeDisk();
+    if (!disk->isFolder(folder)) disk->makeFolder(folder);
+    Application application;
+    application.path = folder;
+    application.exeName = "Editor";
+    const WithEnvironment inForce({.interaction = nullptr,
+                                   .files = disk,
+                                   .clock = nullptr,
+                                   .process = nullptr,
+                                   .utility = nullptr,
+                                   .application = application});
+    vbwIsInitialized = false;
+    vbwInitialize();
+    fail();
+    vbwUnHandleException();
+    vbwIsInitialized = false;
+    const std::string dump = disk->read(folder + "/vbwEditor.dll.dmp", 1 << 20);
+    EXPECT_TRUE(dump.starts_with("\r\n**************************\r\n* LOCAL LEVEL VARIABLES  *\r\n"));
+    EXPECT_TRUE(dump.ends_with("**** Printer Printer ****\r\n"));
+    disk->remove(folder + "/vbwEditor.dll.dmp");
 }
 
 /// Fails while it is reported, in a procedure of its own.

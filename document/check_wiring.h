@@ -1,0 +1,25 @@
+#pragma once
+// The program check's look at the connections of a whole document.
+
+#include <array>
+
+#include "document/block_col.h"
+#include "document/findings.h"
+#include "document/identifiers.h"
+
+namespace canvas {
+
+/// Where a block ID was met in the file.
+struct BlockPlace {
+    int line = 0;         ///< 0: nowhere
+    bool inPlace = true;  ///< its list of incoming connections is as the line wants it
+};
+
+/// By block ID.
+using BlockPlaces = std::array<BlockPlace, Identifiers::highest + 1>;
+
+/// Checks targets, ports and in-ports from both sides, the marks of the connection check, and the Start and End
+/// blocks. What follows from a fault told already (a line that was dropped, a list that was read askew) is left out.
+void checkWiring(const clsBVTBlockCol& blocks, const BlockPlaces& places, Findings& findings);
+
+}  // namespace canvas
