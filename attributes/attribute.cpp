@@ -54,7 +54,9 @@ bool AttributeObject::sameProperties(Object& other) const {
     for (const Field& field : attributeClass().fields) {
         if (field.property.empty()) continue;
         const Value theirs = ofThisClass ? field.at.asValue(*twin) : other.get(field.property);
-        if (field.at.asText(*this) != theirs.toText()) return false;
+        const bool same = field.at.isFlag() ? field.at.flag(*this) == theirs.toBoolean()
+                                            : field.at.asText(*this) == theirs.toText();
+        if (!same) return false;
     }
     return true;
 }
@@ -191,9 +193,11 @@ void AttributeObject::reportVariables(VariableSink& sink) const {
             matrix.at(place) = m_shown ? cell(static_cast<std::int16_t>(row), static_cast<Column>(col)) : std::string();
         }
     sink.variable("blockmatrix", Value(std::move(matrix)));
+    const List* reported = nullptr;  // fields that share a list stand side by side
     for (const Field& field : c.fields) {
-        if (!field.list) continue;
-        sink.variable(field.list->name, Value(arrayOf("String", field.list->items)));
+        if (!field.list || field.list == reported) continue;
+        reported = field.list;
+        sink.variable(reported->name, Value(arrayOf("String", reported->items)));
     }
 }
 

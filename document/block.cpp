@@ -2,7 +2,6 @@
 
 #include "document/attribute_calls.h"
 #include "document/catalogue.h"
-#include "host/numbers.h"
 #include "host/ports.h"
 #include "tracing/branch.h"
 
@@ -14,9 +13,6 @@ using tracing::Procedure;
 namespace {
 
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
-
-/// The source's ID is held in a single; its text is the key.
-std::string keyOf(float BlockID) { return numbers::textOf(BlockID); }
 
 }  // namespace
 
@@ -53,17 +49,6 @@ bool clsBVTBlock::AllOutPortTaken() const noexcept {
     return blnTopPortUsed && (!blnHasDualOutPort || blnBottomPortUsed);
 }
 
-clsBVTInPort& clsBVTBlock::inPort(std::size_t zeroBased) const {
-    auto* port = faceOf<clsBVTInPort>(required((*intColFromBlockID)[zeroBased].toObject()));
-    if (!port) raise(Error::typeMismatch);
-    return *port;
-}
-
-clsBVTInPort* clsBVTBlock::inPortFrom(std::int16_t BlockID) const {
-    const Value* found = intColFromBlockID->find(keyOf(BlockID));
-    return found ? faceOf<clsBVTInPort>(required(found->toObject())) : nullptr;
-}
-
 std::size_t clsBVTBlock::placeOfInPort(std::int16_t BlockID) const {
     const auto asked = static_cast<float>(BlockID);
     for (std::size_t i = 0; i < inPortCount(); ++i)
@@ -86,31 +71,22 @@ bool clsBVTBlock::AddFromBlockID(std::int16_t BlockID, bool FromTopPort) {
     });
     run([&] {
         if (AlreadyExist(BlockID)) return;
-        const auto id = static_cast<float>(BlockID);
-        intColFromBlockID->Add(make<clsBVTInPort>(id, FromTopPort), keyOf(id));
+        intColFromBlockID.add(BlockID, FromTopPort);
         result = true;
     });
     return result;
-}
-
-bool clsBVTBlock::addSource(std::int16_t BlockID, bool FromTopPort) {
-    const auto id = static_cast<float>(BlockID);
-    const std::string key = keyOf(id);
-    if (intColFromBlockID->find(key)) return false;
-    intColFromBlockID->Add(make<clsBVTInPort>(id, FromTopPort), key);
-    return true;
 }
 
 void clsBVTBlock::RemoveFromBlockID(std::int16_t BlockID) {
     tracing::onFailure(
         [&] {
             const std::size_t place = placeOfInPort(BlockID);
-            if (place != nowhere) intColFromBlockID->Remove(Value(keyOf(inPort(place).sngBlockID)));
+            if (place != nowhere) intColFromBlockID.remove(inPort(place).sngBlockID);
         },
         [](const RuntimeError& error) { tell("clsBVTBlock.RemoveFromBlockID(): " + bracketed(error)); });
 }
 
-void clsBVTBlock::ClearFromBlockID() { intColFromBlockID = make<Collection>(); }
+void clsBVTBlock::ClearFromBlockID() { intColFromBlockID.clear(); }
 
 std::string clsBVTBlock::OutputToFile(std::string_view strDescription) const {
     std::string result;
@@ -144,13 +120,7 @@ Ref<clsBVTBlock> clsBVTBlock::IsTheSame() const {
             copy->strBlockUserName = strBlockUserName;
             copy->strBlockLabel = strBlockLabel;
         },
-        [&] {
-            for (std::size_t i = 0; i < inPortCount(); ++i) {
-                const clsBVTInPort& port = inPort(i);
-                copy->intColFromBlockID->Add(make<clsBVTInPort>(port.sngBlockID, port.blnFromTopPort),
-                                             keyOf(port.sngBlockID));
-            }
-        },
+        [&] { copy->intColFromBlockID.take(InPorts(intColFromBlockID)); },
         [&] { copy->vntAttribute = attribute_calls::copy(vntAttribute); });
     return copy;
 }
@@ -160,7 +130,7 @@ bool clsBVTBlock::IsSelfedgeBlock() const { return AlreadyExist(intBlockID) && b
 std::int16_t clsBVTBlock::GetFromBlockCount() const {
     std::int16_t result = 0;
     Procedure run(name, "GetFromBlockCount", this, [](Locals&) {});
-    run([&] { result = Value(intColFromBlockID->Count()).toInteger(); });
+    run([&] { result = Value(static_cast<std::int32_t>(inPortCount())).toInteger(); });
     return result;
 }
 
@@ -170,7 +140,7 @@ void clsBVTBlock::reportVariables(VariableSink& sink) const {
     l("intBlockType", intBlockType);
     l("vntAttribute", vntAttribute);
     l("blnHasDualOutPort", blnHasDualOutPort);
-    l("intColFromBlockID", intColFromBlockID);
+    l("intColFromBlockID", ColFromBlockID());
     l("intToFirstBlockID", intToFirstBlockID);
     l("intToSecondBlockID", intToSecondBlockID);
     l("blnTopPortUsed", blnTopPortUsed);
@@ -189,7 +159,7 @@ std::span<const Member> clsBVTBlock::table() noexcept {
         property<&C::lngBlockUserID>("UserID"),
         property<&C::BVTAttribute, &C::setBVTAttribute>("BVTAttribute"),
         property<&C::strBlockLabel>("BlockLabel"),
-        property<&C::intColFromBlockID>("ColFromBlockID"),
+        property<&C::ColFromBlockID, &C::setColFromBlockID>("ColFromBlockID"),
         property<&C::intBlockID>("BlockID"),
         property<&C::BlockType, &C::setBlockType>("BlockType"),
         property<&C::intToFirstBlockID>("ToFirstBlockID"),
@@ -210,21 +180,6 @@ std::span<const Member> clsBVTBlock::table() noexcept {
         method<&C::GetFromBlockCount>("GetFromBlockCount"),
     };
     return members;
-}
-
-std::span<const Member> clsBVTInPort::table() noexcept {
-    using C = clsBVTInPort;
-    static constexpr Member members[] = {
-        property<&C::sngBlockID>("BlockID"),
-        property<&C::blnFromTopPort>("FromTopPort"),
-    };
-    return members;
-}
-
-void clsBVTInPort::reportVariables(VariableSink& sink) const {
-    Locals l(sink);
-    l("sngBlockID", sngBlockID);
-    l("blnFromTopPort", blnFromTopPort);
 }
 
 }  // namespace canvas

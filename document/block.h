@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "document/in_port.h"
-#include "host/collection.h"
+#include "document/in_ports.h"
 
 namespace canvas {
 
@@ -23,9 +22,9 @@ public:
     std::int16_t intBlockType = 0;
     Ref<Object> vntAttribute;  ///< owned by the block
     bool blnHasDualOutPort = false;
-    Ref<Collection> intColFromBlockID = make<Collection>();  ///< of clsBVTInPort, keyed by the text of the source's ID
-    std::int16_t intToFirstBlockID = 0;                      ///< through the top or only port
-    std::int16_t intToSecondBlockID = 0;                     ///< through the bottom port
+    InPorts intColFromBlockID;
+    std::int16_t intToFirstBlockID = 0;   ///< through the top or only port
+    std::int16_t intToSecondBlockID = 0;  ///< through the bottom port
     bool blnTopPortUsed = false;
     bool blnBottomPortUsed = false;
     bool blnNoInPort = false;
@@ -41,11 +40,13 @@ public:
     Ref<Object> BVTAttribute() const;
     void setBVTAttribute(Ref<Object> attribute) noexcept { vntAttribute = std::move(attribute); }
 
+    /// The incoming connections as a collection of clsBVTInPort, keyed by the text of the source's ID.
+    Ref<Collection> ColFromBlockID() const { return intColFromBlockID.collection(); }
+    void setColFromBlockID(Ref<Collection> ports) { intColFromBlockID.replace(std::move(ports)); }
+
     bool AllOutPortTaken() const noexcept;
     /// False, and nothing changes, when the source stands among the incoming connections already.
     bool AddFromBlockID(std::int16_t BlockID, bool FromTopPort);
-    /// AddFromBlockID without an error branch, for a reader whose in-ports nobody has changed: the key tells.
-    bool addSource(std::int16_t BlockID, bool FromTopPort);
     bool AlreadyExist(std::int16_t BlockID) const;
     void RemoveFromBlockID(std::int16_t BlockID);
     void ClearFromBlockID();
@@ -58,10 +59,8 @@ public:
     std::int16_t GetFromBlockCount() const;
 
     /// The incoming connection at a place counted from 0.
-    clsBVTInPort& inPort(std::size_t zeroBased) const;
-    std::size_t inPortCount() const noexcept { return intColFromBlockID->size(); }
-    /// The in-port of a source, by key; null when absent.
-    clsBVTInPort* inPortFrom(std::int16_t BlockID) const;
+    Source inPort(std::size_t zeroBased) const { return intColFromBlockID[zeroBased]; }
+    std::size_t inPortCount() const noexcept { return intColFromBlockID.size(); }
 
 private:
     void Initialize(std::int16_t BlockType);

@@ -251,8 +251,7 @@ bool clsBVTCanvas::WriteModelFile(const Value& tsEditor, std::string_view strFil
 void clsBVTCanvas::UpdateFromBlockInfo() {
     const auto leavesBy = [&](const clsBVTBlock& source, std::int16_t target, bool top) {
         clsBVTBlock* block = target == unconnected ? nullptr : BlockCollection->find(target);
-        clsBVTInPort* entry = block ? block->inPortFrom(source.intBlockID) : nullptr;
-        if (entry) entry->blnFromTopPort = top;
+        if (block) block->intColFromBlockID.setFromTopPort(source.intBlockID, top);
     };
     for (std::size_t i = 0; i < BlockCollection->size(); ++i) {
         const clsBVTBlock& block = (*BlockCollection)[i];

@@ -25,6 +25,7 @@ public:
     LineVerdict run() {
         findId();
         if (m_verdict.id == 0) return m_verdict;
+        m_verdict.linked = m_line.countWritten() >= place::inPorts;
         if (!m_line.balanced()) {
             tell(Rule::label, "its " + counted(static_cast<std::int32_t>(m_line.quotes()), "double quote") +
                                   " do not pair up: what stands behind the last one is taken as one token");
@@ -139,7 +140,7 @@ bool LineCheck::isLaidOutFrom(std::int32_t declaredPlace) const {
 
 void LineCheck::checkCounts() {
     const std::int32_t said = m_line.declaredPlace();
-    if (m_line.countWritten() < place::inPorts) return tellValues(said);
+    if (!m_verdict.linked) return tellValues(said);
     if (said == 0) return;  // the reader will stop there
     const std::int32_t announced = *wholeNumber(m_line[place::inPorts]);
     m_verdict.inPlace = announced >= 0;

@@ -27,7 +27,9 @@ private:
 struct LineVerdict {
     std::int16_t id = 0;  ///< 0 when there is none
     bool knownType = false;
-    /// The tokens stand where the line's counts say, so that what is read from them can be judged.
+    /// The line reaches beyond its targets and flags.
+    bool linked = false;
+    /// Sources and values stand where the line's counts say, so that what is read from them can be judged.
     bool inPlace = false;
 };
 

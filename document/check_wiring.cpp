@@ -44,7 +44,7 @@ public:
 
     void run() {
         for (std::size_t i = 0; i < m_blocks.size(); ++i) {
-            checkTargets(m_blocks[i]);
+            if (placeOf(m_blocks[i].intBlockID).linked) checkTargets(m_blocks[i]);
             checkSources(m_blocks[i]);
         }
         checkMarks();
@@ -102,20 +102,20 @@ void WiringCheck::checkTarget(const clsBVTBlock& block, std::int16_t target, std
             tell(block, Rule::danglingTarget, leads + "block " + decimal(target) + ", which is not there");
     } else if (!takesConnections(*reached)) {
         tell(block, Rule::missingPort, leads + named(*reached) + ", which has no in-port");
-    } else if (!reached->inPortFrom(block.intBlockID) && placeOf(target).inPlace) {
+    } else if (!reached->intColFromBlockID.hasKey(block.intBlockID) && placeOf(target).sourced) {
         tell(*reached, Rule::inPort,
              named(block) + " leads here by its " + std::string(port) + ", and is not among the incoming connections");
     }
 }
 
 void WiringCheck::checkSources(const clsBVTBlock& block) {
-    if (!placeOf(block.intBlockID).inPlace) return;
+    if (!placeOf(block.intBlockID).sourced) return;
     for (std::size_t i = 0; i < block.inPortCount(); ++i) {
         const auto id = static_cast<std::int16_t>(block.inPort(i).sngBlockID);
         const clsBVTBlock* source = m_blocks.find(id);
         const std::string listed = "block " + decimal(id) + " is among the incoming connections";
         if (!takesConnections(block)) tell(block, Rule::missingPort, typeName(block) + " has no in-port, and " + listed);
-        else if (source && !leadsTo(*source, block.intBlockID))
+        else if (source && placeOf(id).linked && !leadsTo(*source, block.intBlockID))
             tell(block, Rule::inPort, named(*source) + " is among the incoming connections, and does not lead here");
         else if (!source && !wasDropped(id)) tell(block, Rule::inPort, listed + ", and is not there");
     }
@@ -136,6 +136,7 @@ void WiringCheck::checkMarks() {
 
 /// Empty when the mark follows from what was told of ports or lists.
 std::string WiringCheck::whyMarked(const clsBVTBlock& block) const {
+    if (!placeOf(block.intBlockID).linked) return {};
     const bool reached = block.inPortCount() > 0 || isLedTo(block.intBlockID);
     const bool leads = block.blnTopPortUsed || block.blnBottomPortUsed;
     const bool end = block.intBlockType == PROGRAMEND;

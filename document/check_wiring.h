@@ -12,7 +12,8 @@ namespace canvas {
 /// Where a block ID was met in the file.
 struct BlockPlace {
     int line = 0;         ///< 0: nowhere
-    bool inPlace = true;  ///< its list of incoming connections is as the line wants it
+    bool linked = true;   ///< its targets are as the line wants them
+    bool sourced = true;  ///< and its list of incoming connections
 };
 
 /// By block ID.

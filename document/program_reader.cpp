@@ -85,6 +85,7 @@ private:
     void setType(std::string_view token);
     void setLabel(std::string_view token);
     void setNote(std::string_view label);
+    void addSource(std::int16_t id);
     void assignValue(std::string_view token);
     void finishBlock();
     bool fromOlderVersion();
@@ -183,7 +184,7 @@ bool Reader::assign(std::string_view token) {
         default: break;
     }
     const std::int32_t behind = m_counter - inPorts - m_sources;
-    if (behind <= 0) block.addSource(whole<std::int16_t>(token), true);
+    if (behind <= 0) addSource(whole<std::int16_t>(token));
     else if (behind == 1) m_declaredValues = token;
     else assignValue(token);
     return true;
@@ -225,6 +226,13 @@ void Reader::setNote(std::string_view label) {
     attribute.put("NodeText", Value(note));
     attribute.put("CharCount", Value(static_cast<std::int32_t>(text::length(note))));
     m_block->strBlockLabel = shown;
+}
+
+/// AddFromBlockID of a block whose in-ports nobody has changed: the key tells whether the source is there. All come from
+/// a top port until the wiring is complete.
+void Reader::addSource(std::int16_t id) {
+    InPorts& sources = m_block->intColFromBlockID;
+    if (!sources.hasKey(id)) sources.add(id, true);
 }
 
 void Reader::assignValue(std::string_view token) {

@@ -36,7 +36,14 @@ std::optional<char> byteOf(char32_t character) noexcept {
 std::string fromWindows1252(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char byte : bytes) utf8::append(text, characterOf(byte));
+    while (!bytes.empty()) {
+        const std::size_t plain = utf8::asciiPrefix(bytes);
+        text.append(bytes, 0, plain);
+        bytes.remove_prefix(plain);
+        if (bytes.empty()) break;
+        utf8::append(text, characterOf(bytes[0]));
+        bytes.remove_prefix(1);
+    }
     return text;
 }
 
@@ -45,6 +52,10 @@ std::optional<std::string> toWindows1252(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
+        const std::size_t plain = utf8::asciiPrefix(text);
+        bytes.append(text, 0, plain);
+        text.remove_prefix(plain);
+        if (text.empty()) break;
         const utf8::Decoded decoded = utf8::first(text);
         const std::optional<char> byte = decoded.size == 0 ? text[0] : byteOf(decoded.character);
         if (!byte) return {};

@@ -186,6 +186,7 @@ std::string textWith(double value, int most) {
     if (std::isnan(value)) return "1.#QNAN";
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0";
+    if (std::fabs(value) < 1e6 && value == std::trunc(value)) return textOf(static_cast<std::int32_t>(value));
     const Digits digits = digitsOf(std::fabs(value), most);
     const int places = static_cast<int>(digits.text.size()) - 1 - digits.exponent;
     const char decimal = signs().decimal;
