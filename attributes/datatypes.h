@@ -2,6 +2,7 @@
 // The public enumerations of the property panel.
 
 #include <cstdint>
+#include <string_view>
 
 namespace canvas {
 
@@ -38,6 +39,10 @@ enum brxDatatype : std::int32_t {
 enum brxFieldAccess : std::int16_t { brxReadOnly = 0, brxReadAndWrite = 1 };
 enum brxExpressionBuilder : std::int16_t { brxDisableBuilder = 0, brxEnableBuilder = 1 };
 enum brxDisplaytype : std::int16_t { brxEditBox = 0, brxEditButton = 1, brxCheckBox = 2, brxComboBox = 3, brxButton = 4 };
+
+/// Names of the enumerations' members; empty for a number that is none of theirs.
+std::string_view nameOf(brxDatatype type) noexcept;
+std::string_view nameOf(brxDisplaytype display) noexcept;
 
 /// Columns of the block matrix.
 enum class Column : std::int16_t { label, value, tip, access, builder, display, type };

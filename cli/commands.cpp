@@ -1,0 +1,14 @@
+#include "cli/commands.h"
+
+namespace canvas::cli {
+
+std::span<const Command> commands() noexcept {
+    static constexpr Command list[] = {
+        {"check", "Check program files and name what is wrong with them", declareCheck},
+        {"show", "Print a program as text", declareShow},
+        {"describe", "Print what a block's settings are: properties, panel rows, checks, file line", declareDescribe},
+    };
+    return list;
+}
+
+}  // namespace canvas::cli

@@ -1,0 +1,58 @@
+// canvas: the command line of the flowchart library.
+
+#include <csignal>
+#include <exception>
+#include <functional>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/commands.h"
+#include "cli/version.h"
+#include "tracing/options.h"
+
+namespace canvas::cli {
+namespace {
+
+constexpr const char* about =
+    "Checks and prints the flowchart programs (.bpa) of motion controllers.\n"
+    "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 unreadable input, 5 internal error.";
+
+int run(int count, char** words, Console& console) {
+    CLI::App line(about, "canvas");
+    line.set_version_flag("--version", versionText());
+    line.require_subcommand(1);
+    std::function<int()> chosen;
+    for (const Command& command : commands()) {
+        CLI::App* part = line.add_subcommand(command.name, command.summary);
+        part->callback([&chosen, &console, run = command.declare(*part)] { chosen = [&, run] { return run(console); }; });
+    }
+    try {
+        line.parse(count, words);
+    } catch (const CLI::ParseError& said) {  // help and version come this way too
+        return line.exit(said) == 0 ? good : wrongUsage;
+    }
+    const int code = chosen();
+    if (console.flush()) return code;
+    console.complain("the output cannot be written");
+    return internalError;
+}
+
+}  // namespace
+}  // namespace canvas::cli
+
+int main(int count, char** words) {
+    using namespace canvas;
+    // a closed pipe is met where output is written
+    std::signal(SIGPIPE, SIG_IGN);
+    cli::Console console;
+    try {
+        tracing::vbwInitialize();
+        return cli::run(count, words, console);
+    } catch (const std::exception& error) {
+        console.complain(std::string("internal error: ") + error.what());
+    } catch (...) {
+        console.complain("internal error");
+    }
+    return cli::internalError;
+}
