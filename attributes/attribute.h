@@ -65,6 +65,11 @@ public:
     std::string_view className() const noexcept override { return attributeClass().name; }
     void reportVariables(VariableSink& sink) const override;
 
+    /// Hook: the row that has a limit of the class's own behind the common checks; -1 for none.
+    virtual std::int16_t limitedRow() const { return -1; }
+    /// Hook: the message when that row's limit refuses the text, else empty.
+    virtual std::string_view refusal(std::string_view /*text*/) const { return {}; }
+
     static constexpr char tag = 0;
     void* face(const void* asked) noexcept override;
 
@@ -87,10 +92,6 @@ protected:
     virtual void storePanel(std::int16_t row, std::string_view text);
     /// Rewrites a cell's text before anything looks at it.
     virtual void adjustCell(std::int16_t /*row*/, std::string& /*text*/) const {}
-    /// The row that has a limit of the class's own behind the common checks; -1 for none.
-    virtual std::int16_t limitedRow() const { return -1; }
-    /// The message when that row's limit refuses the text, else empty.
-    virtual std::string_view refusal(std::string_view /*text*/) const { return {}; }
     /// True for a class that looks at the second tab. Its text goes to the checker alone, without a range check.
     virtual bool hasAdvancedTab() const { return false; }
     virtual void storeAdvancedCell(std::int16_t /*row*/, std::string_view /*text*/) {}

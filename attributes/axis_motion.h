@@ -14,7 +14,6 @@ struct clsBVTChangeDynamics final : Attribute<clsBVTChangeDynamics> {
     std::string strAcceleration, strDeceleration, strVelocity, strSCurve;
     static const AttributeClass table;
 
-protected:
     std::int16_t limitedRow() const override;
     std::string_view refusal(std::string_view text) const override;
 };

@@ -17,7 +17,7 @@ struct Totals {
         for (const FileReport& report : reports) {
             findings += report.findings.size();
             if (!report.internalError.empty()) ++failed;
-            else if (!report.isReadable()) ++unreadable;
+            else if (!report.readable) ++unreadable;
             else if (!report.isGood()) ++faulty;
             else ++good;
         }
@@ -30,16 +30,14 @@ std::string counted(std::size_t number, const std::string& noun) {
 }
 
 Json jsonOf(const Finding& finding) {
-    return {{"line", finding.line},
-            {"block", finding.block},
-            {"rule", nameOf(finding.rule)},
-            {"reason", finding.reason}};
+    return {
+        {"line", finding.line}, {"block", finding.block}, {"rule", nameOf(finding.rule)}, {"reason", finding.reason}};
 }
 
 Json jsonOf(const FileReport& report) {
     Json findings = Json::array();
     for (const Finding& finding : report.findings) findings.push_back(jsonOf(finding));
-    Json json{{"file", report.file}, {"readable", report.isReadable()}, {"findings", std::move(findings)}};
+    Json json{{"file", report.file}, {"readable", report.readable}, {"findings", std::move(findings)}};
     if (!report.internalError.empty()) json["internalError"] = report.internalError;
     return json;
 }

@@ -53,7 +53,9 @@ private:
         const std::uintmax_t size = std::filesystem::file_size(report.file, unknown);
         if (!unknown && size > large) alone.lock();
         try {
-            report.findings = checkProgramFile(report.file).findings;
+            CheckedProgram checked = checkProgramFile(report.file);
+            report.readable = checked.readable;
+            report.findings = std::move(checked.findings);
         } catch (const std::exception& error) {
             report.internalError = error.what();
         } catch (...) {
@@ -72,15 +74,11 @@ private:
 
 int exitCodeOf(const FileReport& report) noexcept {
     if (!report.internalError.empty()) return internalError;
-    if (!report.isReadable()) return unreadableInput;
+    if (!report.readable) return unreadableInput;
     return report.findings.empty() ? good : findings;
 }
 
 }  // namespace
-
-bool FileReport::isReadable() const noexcept {
-    return std::none_of(findings.begin(), findings.end(), [](const Finding& f) { return f.rule == Rule::unreadable; });
-}
 
 std::vector<FileReport> checkFiles(const std::vector<std::string>& files, unsigned jobs, const Progress& progress) {
     return Checker(files, progress).run(jobs);

@@ -11,10 +11,10 @@ namespace canvas::cli {
 
 struct FileReport {
     std::string file;
+    bool readable = true;
     std::vector<Finding> findings;
     std::string internalError;  ///< what ended the check of this file; empty when nothing did
 
-    bool isReadable() const noexcept;
     bool isGood() const noexcept { return findings.empty() && internalError.empty(); }
 };
 

@@ -49,20 +49,23 @@ std::string panelSection(const AttributeClass& c) {
                             field.access == brxReadOnly ? "read only" : "read and write",
                             field.builder == brxEnableBuilder ? "on" : "off", code(nameOf(field.display)),
                             code(nameOf(field.type)), yes(field.cellChecked),
-                            yes(field.position > 0 && field.programChecked), field.tip);
+                            field.position > 0 ? yes(field.programChecked) : "", field.tip);
     }
     if (!c.wholePanel) text += "\nThe panel can only commit cell by cell: `UpdateMatrix` is empty.\n";
     return text;
 }
 
 /// What a number must keep to; text that is no number is an expression, and the checker's matter.
-std::string rangesSection(const AttributeClass& c) {
+std::string rangesSection(const AttributeObject& block) {
+    constexpr std::string_view farBelow = "-1E300", farAbove = "1E300";
+    const AttributeClass& c = block.attributeClass();
     std::string text;
     for (std::int16_t row = 0; row < c.rows; ++row) {
         const Field& field = *c.rowField(row);
         std::string message;
-        if (validate("-1E300", field.type, message) && message.empty()) continue;
-        text += fmt::format("- {}: {}\n", field.label, message);
+        validate(farBelow, field.type, message);
+        if (!message.empty()) text += fmt::format("- {}: {}\n", field.label, message);
+        if (row == block.limitedRow()) text += fmt::format("- {}: {}\n", field.label, block.refusal(farAbove));
     }
     return text.empty() ? text : "\n## Ranges\n\nNumbers outside are refused with these words; an expression passes.\n\n" + text;
 }
@@ -104,7 +107,7 @@ std::string describePage(const BlockClass& block) {
     const AttributeClass& c = fresh->attributeClass();
     return fmt::format("# {}\n\nBlock type {} ({}), class {}: {}.\n", block.displayName, static_cast<int>(block.type),
                        code(block.member), code(c.name), portsText(block.ports)) +
-           fieldsSection(c) + panelSection(c) + rangesSection(c) + listsSection(c) + operationsSection(c) +
+           fieldsSection(c) + panelSection(c) + rangesSection(*fresh) + listsSection(c) + operationsSection(c) +
            fmt::format("\n## File line\n\nA new block's line ends in {}.\n", code(fresh->OutputToFile("")));
 }
 

@@ -59,7 +59,8 @@ Inputs findInputs(const std::vector<std::string>& paths) {
         if (inputs.files.size() == before) inputs.unmatched.push_back(name);
     }
     for (std::string& file : inputs.files)
-        if (file.find("..") == std::string::npos)  // behind a linked folder ".." is not the folder that was named before it
+        if (file.find("..") ==
+            std::string::npos)  // behind a linked folder ".." is not the folder that was named before it
             file = fs::path(file).lexically_normal().string();
     std::sort(inputs.files.begin(), inputs.files.end());
     inputs.files.erase(std::unique(inputs.files.begin(), inputs.files.end()), inputs.files.end());

@@ -25,7 +25,8 @@ int run(int count, char** words, Console& console) {
     std::function<int()> chosen;
     for (const Command& command : commands()) {
         CLI::App* part = line.add_subcommand(command.name, command.summary);
-        part->callback([&chosen, &console, run = command.declare(*part)] { chosen = [&, run] { return run(console); }; });
+        part->callback(
+            [&chosen, &console, run = command.declare(*part)] { chosen = [&, run] { return run(console); }; });
     }
     try {
         line.parse(count, words);

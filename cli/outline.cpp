@@ -2,7 +2,6 @@
 
 #include <set>
 
-#include "attributes/attribute.h"
 #include "document/catalogue.h"
 
 namespace canvas::cli {
@@ -35,22 +34,6 @@ Outline outlineOf(const clsBVTCanvas& document) {
         (blocks[i].intBlockType == NodeText ? outline.notes : outline.unreached).push_back(&blocks[i]);
     }
     return outline;
-}
-
-std::vector<Setting> settingsOf(const clsBVTBlock& block) {
-    std::vector<Setting> settings;
-    auto* attribute = block.vntAttribute ? faceOf<AttributeObject>(*block.vntAttribute) : nullptr;
-    if (!attribute) return settings;
-    const AttributeClass& table = attribute->attributeClass();
-    for (std::int16_t row = 0; row < table.rows; ++row) {
-        const Field& field = *table.rowField(row);
-        settings.push_back({std::string(field.label), field.at.asText(*attribute)});
-    }
-    for (std::int16_t number = 1; number <= table.values; ++number) {
-        const Field& field = *table.fileField(number);
-        if (field.row < 0) settings.push_back({std::string(field.property), field.at.asText(*attribute)});
-    }
-    return settings;
 }
 
 }  // namespace canvas::cli

@@ -1,7 +1,6 @@
 #pragma once
 // A program in the order in which people read it.
 
-#include <string>
 #include <vector>
 
 #include "document/canvas.h"
@@ -16,13 +15,5 @@ struct Outline {
 
 /// Points into the document.
 Outline outlineOf(const clsBVTCanvas& document);
-
-struct Setting {
-    std::string label;  ///< of the panel; a setting that no panel shows goes by its property's name
-    std::string value;
-};
-
-/// What the panel shows of a block, row by row, then what the file keeps besides.
-std::vector<Setting> settingsOf(const clsBVTBlock& block);
 
 }  // namespace canvas::cli

@@ -84,7 +84,8 @@ private:
             walk(folder, part + 1);
             eachEntry(folder, "*", [&](const fs::directory_entry& entry) {
                 std::error_code unknown;
-                if (entry.is_directory(unknown) && !entry.is_symlink(unknown)) walk(folder / entry.path().filename(), part);
+                if (entry.is_directory(unknown) && !entry.is_symlink(unknown))
+                    walk(folder / entry.path().filename(), part);
             });
         } else if (isPattern(m_parts[part])) {
             eachEntry(folder, m_parts[part], [&](const fs::directory_entry& entry) {

@@ -20,14 +20,14 @@ struct Options {
 };
 
 int show(const Options& options, Console& console) {
-    FileReport report{.file = fileOf(options.file), .findings = {}, .internalError = {}};
-    CheckedProgram program = checkProgramFile(report.file);
+    const std::string file = fileOf(options.file);
+    CheckedProgram program = checkProgramFile(file);
     if (!program.readable) {
-        report.findings = std::move(program.findings);
-        console.tell(textOf(report));
+        console.tell(
+            textOf({.file = file, .readable = false, .findings = std::move(program.findings), .internalError = {}}));
         return unreadableInput;
     }
-    console.print((options.json ? programJson : programPage)(*program.document, report.file));
+    console.print((options.json ? programJson : programPage)(*program.document, file));
     return good;
 }
 

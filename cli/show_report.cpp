@@ -4,6 +4,7 @@
 
 #include "cli/console.h"
 #include "cli/outline.h"
+#include "cli/settings.h"
 #include "cli/version.h"
 #include "document/catalogue.h"
 #include "host/numbers.h"
@@ -22,7 +23,8 @@ std::string typeName(const clsBVTBlock& block) { return std::string(blockName(bl
 std::string lines(std::string_view label) { return text::replaced(text::replaced(label, "\r\n", "\n"), "\r", "\n"); }
 
 std::string titleOf(const clsBVTBlock& block) {
-    return decimal(block.intBlockID) + ' ' + typeName(block) + " \"" + text::replaced(lines(block.strBlockLabel), "\n", " ") + '"';
+    return decimal(block.intBlockID) + ' ' + typeName(block) + " \"" +
+           text::replaced(lines(block.strBlockLabel), "\n", " ") + '"';
 }
 
 class Page {
@@ -42,9 +44,10 @@ private:
         const clsBVTCanvas& d = m_document;
         m_page += file + "\nversion " + d.strVersionNumber + ", " + decimal(d.BlockCollection->Count()) +
                   (d.BlockCollection->Count() == 1 ? " block\n" : " blocks\n");
-        m_page += "window at " + decimal(d.lngLeft) + ", " + decimal(d.lngTop) + ", " + decimal(d.lngWidth) + " wide, " +
-                  decimal(d.lngHeight) + " high, zoom " + numbers::textOf(d.dblZoom * 100) + "%, scrolled to " +
-                  decimal(d.lngXPos) + ", " + decimal(d.lngYPos) + ", state " + decimal(d.lngWindowState) + "\n\n";
+        m_page += "window at " + decimal(d.lngLeft) + ", " + decimal(d.lngTop) + ", " + decimal(d.lngWidth) +
+                  " wide, " + decimal(d.lngHeight) + " high, zoom " + numbers::textOf(d.dblZoom * 100) +
+                  "%, scrolled to " + decimal(d.lngXPos) + ", " + decimal(d.lngYPos) + ", state " +
+                  decimal(d.lngWindowState) + "\n\n";
     }
 
     void blocks(std::string_view heading, const std::vector<const clsBVTBlock*>& list) {
@@ -69,7 +72,8 @@ private:
     void arrow(std::string_view port, std::int16_t target) {
         if (target == unconnected) return;
         const clsBVTBlock* reached = m_document.BlockCollection->find(target);
-        m_page += "    " + std::string(port) + "-> " + (reached ? titleOf(*reached) : decimal(target) + " (not there)") + '\n';
+        m_page += "    " + std::string(port) + "-> " +
+                  (reached ? titleOf(*reached) : decimal(target) + " (not there)") + '\n';
     }
 
     void notes() {
@@ -110,8 +114,8 @@ Json jsonOf(const clsBVTBlock& block, bool reached) {
 }
 
 Json windowOf(const clsBVTCanvas& document) {
-    return {{"left", document.lngLeft},   {"top", document.lngTop},   {"height", document.lngHeight},
-            {"width", document.lngWidth}, {"zoom", document.dblZoom}, {"scrollX", document.lngXPos},
+    return {{"left", document.lngLeft},    {"top", document.lngTop},          {"height", document.lngHeight},
+            {"width", document.lngWidth},  {"zoom", document.dblZoom},        {"scrollX", document.lngXPos},
             {"scrollY", document.lngYPos}, {"state", document.lngWindowState}};
 }
 
