@@ -36,7 +36,9 @@ void AttributeObject::setPresets() {
 }
 
 void* AttributeObject::face(const void* asked) noexcept {
-    return asked == &tag ? this : IBlockAttribute::face(asked);
+    if (asked == &tag) return this;
+    if (asked == &IBlockAttribute::tag && !attributeClass().offersInterface) return nullptr;
+    return IBlockAttribute::face(asked);
 }
 
 bool AttributeObject::SameAs(const Ref<Object>& vValue) const {
@@ -190,7 +192,7 @@ void AttributeObject::reportVariables(VariableSink& sink) const {
     for (std::int32_t row = 0; row < c.rows; ++row)
         for (std::int32_t col = 0; col <= columns; ++col) {
             const std::int32_t place[] = {row, col};
-            matrix.at(place) = m_shown ? cell(static_cast<std::int16_t>(row), static_cast<Column>(col)) : std::string();
+            matrix.at(place) = cell(static_cast<std::int16_t>(row), static_cast<Column>(col));
         }
     sink.variable("blockmatrix", Value(std::move(matrix)));
     const List* reported = nullptr;  // fields that share a list stand side by side

@@ -92,10 +92,11 @@ protected:
     virtual void storePanel(std::int16_t row, std::string_view text);
     /// Rewrites a cell's text before anything looks at it.
     virtual void adjustCell(std::int16_t /*row*/, std::string& /*text*/) const {}
-    /// True for a class that looks at the second tab. Its text goes to the checker alone, without a range check.
-    virtual bool hasAdvancedTab() const { return false; }
+    /// Rows of the second tab, 0 for a class that does not look at it. Its texts go to the checker alone, without a
+    /// range check.
+    virtual std::int16_t advancedRows() const { return 0; }
     virtual void storeAdvancedCell(std::int16_t /*row*/, std::string_view /*text*/) {}
-    virtual void storeAdvancedPanel(const PanelEdit& /*edit*/) {}
+    virtual void storeAdvancedPanel(std::int16_t /*row*/, const std::string& /*text*/) {}
     /// One value of the file line, where its form is not the common one.
     virtual void appendValue(const Field& field, std::string& line) const;
     /// Whether every readable property of another object equals this one's.
@@ -109,8 +110,12 @@ protected:
 private:
     std::string cell(std::int16_t row, Column column) const;
 
-    /// Column 1 as of the last FillMatrix; null before the first. All other columns come from the table.
-    std::unique_ptr<std::vector<std::string>> m_shown;
+    /// Column 1 as of the last FillMatrix. All other columns come from the table once that has run.
+    struct Shown {
+        bool filled = false;
+        std::vector<std::string> texts;
+    };
+    std::unique_ptr<Shown> m_shown;  ///< null until something is shown
 };
 
 /// Gives a block class its table, its copy and its defaults.

@@ -4,7 +4,7 @@
 #include "host/convert.h"
 #include "host/ports.h"
 #include "host/text.h"
-#include "tracing/branch.h"
+#include "tracing/walk.h"
 
 namespace canvas {
 
@@ -14,6 +14,8 @@ using tracing::Procedure;
 
 namespace cam {
 using Self = clsBVTCAMOnOff;
+constexpr std::string_view types[]{"Cyclical", "Reciprocal"};
+constexpr List CAMType{"CAMType", types};
 enum Number : std::int16_t { tableNumber = 1, feedForwardNumber = 5 };
 constexpr Field fields[]{
     {FIELD(strCAMProfileTable), .property = "CAMProfileTable", .preset = "CWAddress", .row = 0,
@@ -57,10 +59,18 @@ void clsBVTCAMOnOff::storeAdvancedCell(std::int16_t row, std::string_view text) 
     if (row == 0) strFeedForwardGain = text;
 }
 
-void clsBVTCAMOnOff::storeAdvancedPanel(const PanelEdit& edit) {
-    strSpeedFeedForwardAddress = edit.advanced(0);
-    strFeedForwardGain = gainInPercent(edit.advanced(1));
-    strMasterAxisMaxCycle = edit.advanced(2);
+void clsBVTCAMOnOff::storeAdvancedPanel(std::int16_t row, const std::string& text) {
+    switch (row) {
+        case 0: strSpeedFeedForwardAddress = text; break;
+        case 1: strFeedForwardGain = gainInPercent(text); break;
+        default: strMasterAxisMaxCycle = text; break;
+    }
+}
+
+void clsBVTCAMOnOff::reportVariables(VariableSink& sink) const {
+    Attribute::reportVariables(sink);
+    sink.variable("colCAMTableList", Value(colCAMTableList));
+    sink.variable(cam::CAMType.name, Value(arrayOf("String", cam::CAMType.items)));
 }
 
 bool clsBVTCAMOnOff::GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) {
@@ -81,12 +91,7 @@ bool clsBVTCAMOnOff::GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) {
 bool clsBVTCAMOnOff::GetCAMTableList(Ref<Object> tableNameList) {
     Procedure run(className(), "GetCAMTableList", this, [&](Locals& l) { l("tableNameList", tableNameList); });
     run([&] { colCAMTableList = make<Collection>(); },
-        [&] {
-            forEach(required(tableNameList), [&](const Value& name) {
-                colCAMTableList->Add(name);
-                return true;
-            });
-        });
+        [&] { return tracing::eachItem(run, tableNameList, [&](const Value& name) { colCAMTableList->Add(name); }); });
     return false;
 }
 
@@ -96,17 +101,18 @@ bool clsBVTCAMOnOff::ValidateTableName(Ref<Object> tableNameList, std::int16_t i
         l("tableNameList", tableNameList);
         l("iIndex", iIndex);
     });
+    bool foundTable = false;
+    bool foundFeedForward = false;
+    const auto compare = [&](const Value& item) {
+        const std::string name = item.toText();
+        foundTable |= text::trimmed(name) == text::trimmed(strCAMProfileTable);
+        foundFeedForward |= text::trimmed(name) == text::trimmed(strSpeedFeedForwardAddress);
+    };
     run([&] {
-        bool foundTable = false;
-        bool foundFeedForward = false;
-        forEach(required(tableNameList), [&](const Value& item) {
-            const std::string name = item.toText();
-            foundTable |= text::trimmed(name) == text::trimmed(strCAMProfileTable);
-            foundFeedForward |= text::trimmed(name) == text::trimmed(strSpeedFeedForwardAddress);
-            return true;
-        });
+        if (tracing::eachItem(run, tableNameList, compare) == Flow::leave) return Flow::leave;
         if (iIndex == cam::tableNumber) result = foundTable;
         if (iIndex == cam::feedForwardNumber) result = foundFeedForward;
+        return Flow::next;
     });
     return result;
 }

@@ -25,11 +25,12 @@ struct clsBVTCAMOnOff final : Attribute<clsBVTCAMOnOff> {
     Value ComputeCAMData(Ref<Object>& clsProject, Ref<Object>& clsController);
 
     bool GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) override;
+    void reportVariables(VariableSink& sink) const override;
 
 protected:
-    bool hasAdvancedTab() const override { return true; }
+    std::int16_t advancedRows() const override { return 3; }
     void storeAdvancedCell(std::int16_t row, std::string_view text) override;
-    void storeAdvancedPanel(const PanelEdit& edit) override;
+    void storeAdvancedPanel(std::int16_t row, const std::string& text) override;
     void appendValue(const Field& field, std::string& line) const override;
 
 private:

@@ -1,12 +1,17 @@
 #include "attributes/gearing.h"
 
+#include <cmath>
+
 #include "host/numbers.h"
 
 namespace canvas {
 
 std::string gainInPercent(const std::string& text) {
     const auto number = numbers::parse(text);
-    return number ? numbers::textOf(*number * 100) : text;
+    if (!number) return text;
+    const double percent = *number * 100;
+    if (!std::isfinite(percent)) raise(Error::overflow);
+    return numbers::textOf(percent);
 }
 
 namespace gear_ratio {
@@ -40,7 +45,9 @@ const AttributeClass clsBVTGearingOnOff::table = canvas::attributeClass({.name =
 /// As typed: only the whole panel hands the gain in as a factor.
 void clsBVTGearingOnOff::storeAdvancedCell(std::int16_t, std::string_view text) { strFeedForwardGain = text; }
 
-void clsBVTGearingOnOff::storeAdvancedPanel(const PanelEdit& edit) { strFeedForwardGain = gainInPercent(edit.advanced(0)); }
+void clsBVTGearingOnOff::storeAdvancedPanel(std::int16_t, const std::string& text) {
+    strFeedForwardGain = gainInPercent(text);
+}
 
 namespace advanced_gearing {
 using Self = clsBVTAdvancedGearing;

@@ -17,9 +17,9 @@ struct clsBVTGearingOnOff final : Attribute<clsBVTGearingOnOff> {
     static const AttributeClass table;
 
 protected:
-    bool hasAdvancedTab() const override { return true; }
+    std::int16_t advancedRows() const override { return 1; }
     void storeAdvancedCell(std::int16_t row, std::string_view text) override;
-    void storeAdvancedPanel(const PanelEdit& edit) override;
+    void storeAdvancedPanel(std::int16_t row, const std::string& text) override;
 };
 
 /// A plain record of one option.

@@ -107,7 +107,10 @@ std::string clsBVTProgrammableLimitSwitch::GetActiveOutputValue(std::int16_t i) 
     return field("GetActiveOutputValue", i, limit_switch::target);
 }
 std::string clsBVTProgrammableLimitSwitch::GetActiveState(std::int16_t i) const {
-    return std::string(limit_switch::stateText(field("GetActiveState", i, limit_switch::on)));
+    std::string result;
+    Procedure run(className(), "GetActiveState", this, [&](Locals& l) { l("i", i); });
+    run([&] { result = limit_switch::stateText(limit_switch::at(arSwitches, i)[limit_switch::on]); });
+    return result;
 }
 
 void clsBVTProgrammableLimitSwitch::unpack() {
@@ -219,28 +222,34 @@ bool clsBVTProgrammableLimitSwitch::updatePanel(PanelEdit& edit) {
     return result;
 }
 
-void clsBVTProgrammableLimitSwitch::checkSwitch(const Ref<Object>& checker, std::int32_t lngBlockID, std::int16_t i,
-                                                std::string& strSyntaxMessage) const {
+template <class Run>
+Flow clsBVTProgrammableLimitSwitch::checkSwitch(Run& run, const Ref<Object>& checker, std::int32_t lngBlockID,
+                                                std::int32_t i, std::string& strSyntaxMessage) const {
     const Switch fields = limit_switch::fieldsOf(strArray[static_cast<std::size_t>(i)]);
     // expected types: two reals, and a boolean for the output; the state has no record
     constexpr std::string_view expected[]{"16", "16", "1"};
-    std::string messages;
+    std::array<ListCheck, 4> checks;
     for (std::size_t place = 0; place < fields.size(); ++place) {
         const bool isState = place == limit_switch::on;
-        ListCheck check;
-        check.CheckSyntax(checker, fields[place], lngBlockID, static_cast<std::int16_t>(isState ? i + 1 : i));
-        if (!isState)
-            strSyntaxMessage += "(" + numbers::textOf(lngBlockID) + "," + numbers::textOf(std::int32_t{i} + 1) + ")ƒ" +
-                                std::string(expected[place]) + "ƒ" + numbers::textOf(check.dataType) + "@";
-        messages += check.messages;
+        ListCheck& check = checks[place];
+        const Flow flow = run(
+            [&] { check.CheckSyntax(*this, checker, fields[place], lngBlockID, isState ? i + 1 : i); },
+            [&] {
+                if (isState) return;
+                strSyntaxMessage += "(" + numbers::textOf(lngBlockID) + "," + numbers::textOf(i + 1) + ")ƒ" +
+                                    std::string(expected[place]) + "ƒ" + numbers::textOf(check.dataType) + "@";
+            });
+        if (flow == Flow::leave) return Flow::leave;
     }
-    strSyntaxMessage += messages;
+    for (const ListCheck& check : checks) strSyntaxMessage += check.messages;
+    return Flow::next;
 }
 
 bool clsBVTProgrammableLimitSwitch::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std::int32_t lngBlockID,
                                                           std::string& strSyntaxMessage) {
     bool result = false;
-    std::int16_t i = -1;
+    std::int32_t i = -1;
+    ListCheck encoder;
     Procedure run(className(), "PropertiesSyntaxCheck", this, [&](Locals& l) {
         l("SyntaxValidation", SyntaxValidation);
         l("lngBlockID", lngBlockID);
@@ -248,16 +257,13 @@ bool clsBVTProgrammableLimitSwitch::PropertiesSyntaxCheck(Ref<Object> SyntaxVali
         l("i", i);
     });
     run(
+        [&] { encoder.CheckSyntax(*this, SyntaxValidation, strMasterVariable, lngBlockID, i); },
         [&] {
-            ListCheck check;
-            check.CheckSyntax(SyntaxValidation, strMasterVariable, lngBlockID, -1);
-            strSyntaxMessage += "(" + numbers::textOf(lngBlockID) + ",0)ƒ16ƒ" + numbers::textOf(check.dataType) + "@" +
-                                check.messages;
-        },
-        [&] {
+            strSyntaxMessage += "(" + numbers::textOf(lngBlockID) + ",0)ƒ16ƒ" + numbers::textOf(encoder.dataType) + "@" +
+                                encoder.messages;
             strArray = parseList(strVariable);
             for (i = 0; static_cast<std::size_t>(i) < entryCount(strArray); ++i)
-                if (run([&] { checkSwitch(SyntaxValidation, lngBlockID, i, strSyntaxMessage); }) == Flow::leave)
+                if (checkSwitch(run, SyntaxValidation, lngBlockID, i, strSyntaxMessage) == Flow::leave)
                     return Flow::leave;
             result = true;
             return Flow::next;

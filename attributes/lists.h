@@ -21,9 +21,10 @@ struct ListCheck {
     bool isLValue = false;
     std::string messages;
 
-    /// Positions in records are `lngPropertyID` + 1. False when the checker refuses the text.
-    bool CheckSyntax(const Ref<Object>& SyntaxValidation, std::string_view strExpression, std::int32_t lngBlockID,
-                     std::int16_t lngPropertyID);
+    /// Positions in records are `lngPropertyID` + 1. False when the checker refuses the text. A place beyond a 16-bit
+    /// number is error 6.
+    bool CheckSyntax(const Object& block, const Ref<Object>& SyntaxValidation, std::string_view strExpression,
+                     std::int32_t lngBlockID, std::int32_t lngPropertyID);
 };
 
 struct clsBVTSetVariable final : Attribute<clsBVTSetVariable> {
@@ -59,8 +60,9 @@ protected:
 private:
     void unpack();
     void rebuild();
-    void checkEquation(const Ref<Object>& checker, std::int32_t lngBlockID, std::int16_t i,
-                       std::string& strSyntaxMessage) const;
+    template <class Run>
+    tracing::Flow checkEquation(Run& run, const Ref<Object>& checker, std::int32_t lngBlockID, std::int32_t i,
+                                std::string& strSyntaxMessage) const;
 };
 
 struct clsBVTProgrammableLimitSwitch final : Attribute<clsBVTProgrammableLimitSwitch> {
@@ -102,8 +104,9 @@ private:
     void unpack();
     void rebuild();
     std::string field(std::string_view procedure, std::int16_t i, std::size_t place) const;
-    void checkSwitch(const Ref<Object>& checker, std::int32_t lngBlockID, std::int16_t i,
-                     std::string& strSyntaxMessage) const;
+    template <class Run>
+    tracing::Flow checkSwitch(Run& run, const Ref<Object>& checker, std::int32_t lngBlockID, std::int32_t i,
+                              std::string& strSyntaxMessage) const;
 };
 
 }  // namespace canvas

@@ -28,13 +28,20 @@ std::int16_t AttributeObject::MatrixCol() {
 bool AttributeObject::FillMatrix() {
     const AttributeClass& c = attributeClass();
     if (!c.panel) return false;
-    for (std::int16_t row = 0; row < c.rows; ++row) showCell(row, rowText(row));
+    std::int16_t row = 0;
+    Procedure run(className(), "FillMatrix", this, [&](Locals& l) { l("row", row); });
+    run([&] {
+        for (row = 0; row < c.rows; ++row)
+            if (run([&] { showCell(row, rowText(row)); }) == Flow::leave) return Flow::leave;
+        return Flow::next;
+    });
+    if (m_shown) m_shown->filled = true;
     return false;
 }
 
 void AttributeObject::showCell(std::int16_t row, std::string text) {
-    if (!m_shown) m_shown = std::make_unique<std::vector<std::string>>(static_cast<std::size_t>(attributeClass().rows));
-    m_shown->at(static_cast<std::size_t>(row)) = std::move(text);
+    if (!m_shown) m_shown.reset(new Shown{false, std::vector<std::string>(static_cast<std::size_t>(attributeClass().rows))});
+    m_shown->texts.at(static_cast<std::size_t>(row)) = std::move(text);
 }
 
 std::string AttributeObject::rowText(std::int16_t row) const {
@@ -43,11 +50,13 @@ std::string AttributeObject::rowText(std::int16_t row) const {
     return field.at.asText(*this);
 }
 
+/// Empty for every column until something is shown there.
 std::string AttributeObject::cell(std::int16_t row, Column column) const {
+    if (!m_shown || (column != Column::value && !m_shown->filled)) return {};
     const Field& field = *attributeClass().rowField(row);
     switch (column) {
         case Column::label: return std::string(field.label);
-        case Column::value: return (*m_shown)[static_cast<std::size_t>(row)];
+        case Column::value: return m_shown->texts[static_cast<std::size_t>(row)];
         case Column::tip: return std::string(field.tip);
         case Column::access: return decimal(field.access);
         case Column::builder: return decimal(field.builder);
@@ -67,7 +76,7 @@ std::string AttributeObject::GetElementFromMatrix(std::int16_t row, std::int16_t
     run([&] {
         if (row > MatrixRow() || Col > MatrixCol()) return;
         if (row < 0 || Col < 0) raise(Error::subscript);
-        if (m_shown) result = cell(row, static_cast<Column>(Col));
+        result = cell(row, static_cast<Column>(Col));
     });
     return result;
 }

@@ -56,7 +56,7 @@ bool AttributeObject::updateCell(CellEdit& edit) {
 
     const AttributeClass& c = attributeClass();
     const Field* field = c.rowField(row);
-    const bool advanced = !edit.bGeneralTab && hasAdvancedTab();
+    const bool advanced = !edit.bGeneralTab && advancedRows() > 0;
     const bool checked = advanced || (field ? field->cellChecked : !c.exempts(row));
     bool good = true;
     std::string text(edit.strNewData);
@@ -75,15 +75,14 @@ bool AttributeObject::updateCell(CellEdit& edit) {
         },
         [&] {
             if (!checked) return;
-            if (good) {
-                edit.takeResult();
-            } else {  // text with a fault of syntax is kept, so that the user can go on with it
-                edit.FormattedText = text;
-                result = false;
-                edit.takeComplaint();
-            }
+            if (good) edit.takeResult();
+            else edit.takeComplaint();
         },
         [&] {
+            if (!good) {  // text with a fault of syntax is kept, so that the user can go on with it
+                edit.FormattedText = text;
+                result = false;
+            }
             if (field && field->storesTyped) edit.FormattedText = text;
             if (advanced || row != limitedRow()) return Flow::next;
             const auto message = refusal(edit.FormattedText);
@@ -107,7 +106,7 @@ bool AttributeObject::updatePanel(PanelEdit& edit) {
     bool good = true;
     std::int16_t row = 0;
     std::string text;
-    const bool advanced = !edit.bGeneralTab && hasAdvancedTab();
+    const bool advanced = !edit.bGeneralTab && advancedRows() > 0;
     Procedure run(className(), "UpdateMatrix", this, [&](Locals& l) {
         edit.report(l);
         l("row", row);
@@ -137,9 +136,14 @@ bool AttributeObject::updatePanel(PanelEdit& edit) {
             return advanced || limitedRow() < 0 ? Flow::next : checkLimit();
         },
         [&] {
-            if (advanced) storeAdvancedPanel(edit);
-            for (row = 0; row < attributeClass().rows && !advanced; ++row)
-                if (run([&] { storePanel(row, edit.general(row)); }) == Flow::leave) return Flow::leave;
+            const std::int16_t rows = advanced ? advancedRows() : attributeClass().rows;
+            for (row = 0; row < rows; ++row) {
+                const auto store = [&] {
+                    if (advanced) storeAdvancedPanel(row, edit.advanced(row));
+                    else storePanel(row, edit.general(row));
+                };
+                if (run(store) == Flow::leave) return Flow::leave;
+            }
             result = true;
             return Flow::next;
         });

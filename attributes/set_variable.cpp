@@ -213,24 +213,31 @@ bool clsBVTSetVariable::updatePanel(PanelEdit& edit) {
     return result;
 }
 
-void clsBVTSetVariable::checkEquation(const Ref<Object>& checker, std::int32_t lngBlockID, std::int16_t i,
+template <class Run>
+Flow clsBVTSetVariable::checkEquation(Run& run, const Ref<Object>& checker, std::int32_t lngBlockID, std::int32_t i,
                                       std::string& strSyntaxMessage) const {
-    const std::string place = "(" + numbers::textOf(lngBlockID) + "," + numbers::textOf(std::int32_t{i} + 1) + ")";
+    const std::string place = "(" + numbers::textOf(lngBlockID) + "," + numbers::textOf(i + 1) + ")";
     const auto [left, right] = set_variable::sides(strArray[static_cast<std::size_t>(i)]);
     ListCheck leftCheck;
     ListCheck rightCheck;
-    if (leftCheck.CheckSyntax(checker, left, lngBlockID, i)) {
-        Value value;
-        std::string formatted;
-        SyntaxChecker(required(checker)).result(leftCheck.dataType, leftCheck.isLValue, value, formatted);
-        if (!leftCheck.isLValue)
-            leftCheck.messages += "Error:  " + place + " Expression cannot be assigned a value.@";
-    }
-    rightCheck.CheckSyntax(checker, right, lngBlockID, i);
-    strSyntaxMessage += leftCheck.messages + rightCheck.messages;
-    // a literal 0 or 1 is a boolean when it is assigned to one
-    if (leftCheck.dataType == brxBool && (right == "0" || right == "1")) rightCheck.dataType = brxBool;
-    strSyntaxMessage += place + "ƒ" + numbers::textOf(leftCheck.dataType) + "ƒ" + numbers::textOf(rightCheck.dataType) + "@";
+    bool good = false;
+    return run([&] { good = leftCheck.CheckSyntax(*this, checker, left, lngBlockID, i); },
+               [&] {
+                   if (!good) return;
+                   Value value;
+                   std::string formatted;
+                   SyntaxChecker(required(checker)).result(leftCheck.dataType, leftCheck.isLValue, value, formatted);
+                   if (!leftCheck.isLValue)
+                       strSyntaxMessage += "Error:  " + place + " Expression cannot be assigned a value.@";
+               },
+               [&] { rightCheck.CheckSyntax(*this, checker, right, lngBlockID, i); },
+               [&] {
+                   strSyntaxMessage += leftCheck.messages + rightCheck.messages;
+                   // a literal 0 or 1 is a boolean when it is assigned to one
+                   if (leftCheck.dataType == brxBool && (right == "0" || right == "1")) rightCheck.dataType = brxBool;
+                   strSyntaxMessage += place + "ƒ" + numbers::textOf(leftCheck.dataType) + "ƒ" +
+                                       numbers::textOf(rightCheck.dataType) + "@";
+               });
 }
 
 bool clsBVTSetVariable::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std::int32_t lngBlockID,
@@ -240,7 +247,7 @@ bool clsBVTSetVariable::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std:
         return true;
     }
     bool result = false;
-    std::int16_t i = 0;
+    std::int32_t i = 0;
     Procedure run(className(), "PropertiesSyntaxCheck", this, [&](Locals& l) {
         l("SyntaxValidation", SyntaxValidation);
         l("lngBlockID", lngBlockID);
@@ -250,8 +257,7 @@ bool clsBVTSetVariable::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std:
     run([&] {
         strArray = parseList(strVariable);
         for (i = 0; static_cast<std::size_t>(i) < entryCount(strArray); ++i)
-            if (run([&] { checkEquation(SyntaxValidation, lngBlockID, i, strSyntaxMessage); }) == Flow::leave)
-                return Flow::leave;
+            if (checkEquation(run, SyntaxValidation, lngBlockID, i, strSyntaxMessage) == Flow::leave) return Flow::leave;
         result = true;
         return Flow::next;
     });

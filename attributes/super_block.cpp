@@ -6,7 +6,7 @@
 #include "host/numbers.h"
 #include "host/ports.h"
 #include "host/text.h"
-#include "tracing/branch.h"
+#include "tracing/walk.h"
 
 namespace canvas {
 
@@ -47,9 +47,8 @@ void clsBVTSuperBlock::setSubroutineFilename(Ref<Object> names) {
             SubroutineFiletitleCol = titles;
         },
         [&] {
-            forEach(required(names), [&](const Value& name) {
+            return tracing::eachItem(run, names, [&](const Value& name) {
                 titles->Add(Value(environment().utility->FileTitleOf(name.toText())));
-                return true;
             });
         });
 }

@@ -25,13 +25,14 @@ void addRows(AttributeObject& attribute, Settings& settings) {
     }
 }
 
-/// What no panel shows: names of programs, cam points. A constant of the file tells nothing.
+/// What no panel shows: the name of Start and End, cam points. A constant of the file tells nothing.
 void addRest(const AttributeObject& attribute, Settings& settings) {
     const AttributeClass& table = attribute.attributeClass();
     for (std::int16_t number = 1; number <= table.values; ++number) {
         const Field& field = *table.fileField(number);
-        if (field.row < 0 && field.fileConstant.empty())
-            settings.push_back({std::string(field.property), field.at.asText(attribute)});
+        if (field.row >= 0 || !field.fileConstant.empty()) continue;
+        const std::string value = field.at.asText(attribute);
+        if (!value.empty()) settings.push_back({std::string(field.property), value});
     }
 }
 

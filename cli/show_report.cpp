@@ -34,7 +34,7 @@ public:
     std::string run(const std::string& file) {
         header(file);
         blocks("", m_outline.flow);
-        blocks("Not reached from Start:\n\n", m_outline.unreached);
+        blocks("Not reached from Start:\n", m_outline.unreached);
         notes();
         return printable(m_page);
     }
@@ -47,14 +47,14 @@ private:
         m_page += "window at " + decimal(d.lngLeft) + ", " + decimal(d.lngTop) + ", " + decimal(d.lngWidth) +
                   " wide, " + decimal(d.lngHeight) + " high, zoom " + numbers::textOf(d.dblZoom * 100) +
                   "%, scrolled to " + decimal(d.lngXPos) + ", " + decimal(d.lngYPos) + ", state " +
-                  decimal(d.lngWindowState) + "\n\n";
+                  decimal(d.lngWindowState) + '\n';
     }
 
     void blocks(std::string_view heading, const std::vector<const clsBVTBlock*>& list) {
         if (list.empty()) return;
+        m_page += '\n';
         m_page += heading;
         for (const clsBVTBlock* block : list) add(*block);
-        m_page += '\n';
     }
 
     void add(const clsBVTBlock& block) {
@@ -78,12 +78,11 @@ private:
 
     void notes() {
         if (m_outline.notes.empty()) return;
-        m_page += "Notes:\n\n";
+        m_page += "\nNotes:\n";
         for (const clsBVTBlock* note : m_outline.notes) {
             m_page += decimal(note->intBlockID) + ' ' + typeName(*note) + '\n';
             m_page += "    " + text::replaced(lines(note->strBlockLabel), "\n", "\n    ") + '\n';
         }
-        m_page += '\n';
     }
 
     const clsBVTCanvas& m_document;

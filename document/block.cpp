@@ -7,6 +7,7 @@
 
 namespace canvas {
 
+using tracing::Flow;
 using tracing::Locals;
 using tracing::Procedure;
 
@@ -71,7 +72,7 @@ bool clsBVTBlock::AddFromBlockID(std::int16_t BlockID, bool FromTopPort) {
     });
     run([&] {
         if (AlreadyExist(BlockID)) return;
-        intColFromBlockID.add(BlockID, FromTopPort);
+        intColFromBlockID.add({static_cast<float>(BlockID), FromTopPort});
         result = true;
     });
     return result;
@@ -89,14 +90,19 @@ void clsBVTBlock::RemoveFromBlockID(std::int16_t BlockID) {
 void clsBVTBlock::ClearFromBlockID() { intColFromBlockID.clear(); }
 
 std::string clsBVTBlock::OutputToFile(std::string_view strDescription) const {
-    std::string result;
-    Procedure run(name, "OutputToFile", this, [&](Locals& l) { l("strDescription", strDescription); });
+    std::string line(strDescription);
+    return appendTo(line, 0) ? line : std::string();
+}
+
+bool clsBVTBlock::appendTo(std::string& buffer, std::size_t lineStart) const {
+    bool done = false;
+    Procedure run(name, "OutputToFile", this,
+                  [&](Locals& l) { l("strDescription", std::string_view(buffer).substr(lineStart)); });
     run([&] {
-        std::string line(strDescription);
-        attribute_calls::output(vntAttribute, line, 0);
-        result = std::move(line);
+        attribute_calls::output(vntAttribute, buffer, lineStart);
+        done = true;
     });
-    return result;
+    return done;
 }
 
 Ref<clsBVTBlock> clsBVTBlock::IsTheSame() const {
@@ -120,7 +126,11 @@ Ref<clsBVTBlock> clsBVTBlock::IsTheSame() const {
             copy->strBlockUserName = strBlockUserName;
             copy->strBlockLabel = strBlockLabel;
         },
-        [&] { copy->intColFromBlockID.take(InPorts(intColFromBlockID)); },
+        [&] {
+            for (std::size_t i = 0; i < inPortCount(); ++i)
+                if (run([&] { copy->intColFromBlockID.add(inPort(i)); }) == Flow::leave) return Flow::leave;
+            return Flow::next;
+        },
         [&] { copy->vntAttribute = attribute_calls::copy(vntAttribute); });
     return copy;
 }

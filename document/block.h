@@ -52,6 +52,8 @@ public:
     void ClearFromBlockID();
     /// The line, extended by the attribute's values.
     std::string OutputToFile(std::string_view strDescription) const;
+    /// The same onto the line that begins at a place of a buffer; false when it failed and was left.
+    bool appendTo(std::string& buffer, std::size_t lineStart) const;
     /// A copy that shares neither in-ports nor attribute. The name is the protocol's own.
     Ref<clsBVTBlock> IsTheSame() const;
     /// Only a block with two output ports counts; a single-output block that leads to itself does not.

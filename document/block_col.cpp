@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "host/numbers.h"
 #include "host/ports.h"
 #include "tracing/branch.h"
 
@@ -20,14 +21,14 @@ clsBVTBlock& blockIn(const Value& item) { return static_cast<clsBVTBlock&>(*item
 
 }  // namespace
 
-clsBVTBlock& clsBVTBlockCol::operator[](std::size_t zeroBased) const { return blockIn(m_blocks[zeroBased]); }
+clsBVTBlock& clsBVTBlockCol::operator[](std::size_t zeroBased) const { return blockIn((*m_blocks)[zeroBased]); }
 
 Ref<clsBVTBlock> clsBVTBlockCol::Add(clsBVTBlock& Block) {
     Ref<clsBVTBlock> stored;
     tracing::onFailure(
         [&] {
             Ref<clsBVTBlock> copy = Block.IsTheSame();
-            m_blocks.Add(copy, Key(copy->intBlockID));
+            m_blocks->Add(copy, Key(copy->intBlockID));
             stored = std::move(copy);
         },
         [](const RuntimeError& error) { tell("clsBVTBlockCol.Add(): " + bracketed(error)); });
@@ -35,20 +36,20 @@ Ref<clsBVTBlock> clsBVTBlockCol::Add(clsBVTBlock& Block) {
 }
 
 Ref<clsBVTBlock> clsBVTBlockCol::adopt(Ref<clsBVTBlock> block) {
-    if (!block->vntAttribute || m_blocks.find(Key(block->intBlockID))) return Add(*block);  // which fails, and says so
-    m_blocks.Add(block, Key(block->intBlockID));
+    if (!block->vntAttribute || m_blocks->find(Key(block->intBlockID))) return Add(*block);  // which fails, and says so
+    m_blocks->Add(block, Key(block->intBlockID));
     return block;
 }
 
 void clsBVTBlockCol::Delete(const Value& vntIndex) {
-    tracing::onFailure([&] { m_blocks.Remove(vntIndex); },
+    tracing::onFailure([&] { m_blocks->Remove(vntIndex); },
                        [](const RuntimeError& error) { tell("clsBVTBlockCol.Delete(): " + bracketed(error)); });
 }
 
 Ref<clsBVTBlock> clsBVTBlockCol::Item(const Value& Index) const {
     Ref<clsBVTBlock> result;
     tracing::Procedure run(name, "Item", this, [&](tracing::Locals& l) { l("Index", Index); });
-    run([&] { result = Ref<clsBVTBlock>(&blockIn(m_blocks.Item(Index))); });
+    run([&] { result = Ref<clsBVTBlock>(&blockIn(m_blocks->Item(Index))); });
     return result;
 }
 
@@ -62,6 +63,8 @@ bool clsBVTBlockCol::IsInCollection(const Value& Index) const {
     bool result = false;
     tracing::Procedure run(name, "IsInCollection", this, [&](tracing::Locals& l) { l("Index", Index); });
     run([&] {
+        const bool isNumber = !Index.text() || numbers::isNumeric(*Index.text());
+        if (!isNumber) return;  // no ID equals it
         const double id = Index.toDouble();
         for (std::size_t i = 0; i < size() && !result; ++i) result = (*this)[i].intBlockID == id;
     });
@@ -81,7 +84,7 @@ std::int32_t clsBVTBlockCol::GetHighestBlockID() const {
 }
 
 clsBVTBlock* clsBVTBlockCol::find(std::int16_t id) const {
-    const Value* found = m_blocks.find(Key(id));
+    const Value* found = m_blocks->find(Key(id));
     return found ? &blockIn(*found) : nullptr;
 }
 
@@ -91,17 +94,18 @@ clsBVTBlock& clsBVTBlockCol::byKey(std::int16_t id) const {
     return *found;
 }
 
-void clsBVTBlockCol::reportVariables(VariableSink& sink) const { m_blocks.reportVariables(sink); }
+void clsBVTBlockCol::reportVariables(VariableSink& sink) const { m_blocks->reportVariables(sink); }
 
 std::span<const Member> clsBVTBlockCol::table() noexcept {
     using C = clsBVTBlockCol;
     static constexpr Member members[] = {
         method<&C::Add>("Add"),
-        property<&C::Count, nullptr>("Count"),
+        method<&C::Count>("Count"),
         method<&C::Delete>("Delete"),
         byDefault(method<&C::Item>("Item")),
         method<&C::Index>("Index"),
         method<&C::Clear>("Clear"),
+        method<&C::NewEnum>("NewEnum"),
         method<&C::IsInCollection>("IsInCollection"),
         method<&C::GetBlockByBlockID>("GetBlockByBlockID"),
         method<&C::GetHighestBlockID>("GetHighestBlockID"),

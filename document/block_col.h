@@ -12,17 +12,19 @@ public:
     static constexpr std::string_view name = "clsBVTBlockCol";
     static std::span<const Member> table() noexcept;
     void reportVariables(VariableSink& sink) const override;
-    std::unique_ptr<Enumerator> enumerate() override { return m_blocks.enumerate(); }
+    std::unique_ptr<Enumerator> enumerate() override { return m_blocks->enumerate(); }
 
     /// Stores a copy, never the argument, and gives the copy. An ID that is taken is told in a box and gives Nothing.
     Ref<clsBVTBlock> Add(clsBVTBlock& Block);
-    std::int32_t Count() const noexcept { return m_blocks.Count(); }
+    std::int32_t Count() const noexcept { return m_blocks->Count(); }
     /// By key for a text, by place for a number; an absent one is told in a box.
     void Delete(const Value& vntIndex);
     Ref<clsBVTBlock> Item(const Value& Index) const;
     /// The block at a place from 0; past the end a box says so.
     Ref<clsBVTBlock> Index(std::int16_t i) const;
-    void Clear() noexcept { m_blocks.Clear(); }
+    /// A walk that is under way goes on over the blocks that were there.
+    void Clear() { m_blocks = make<Collection>(); }
+    Ref<Object> NewEnum() const { return enumeratorOf(m_blocks); }
     /// True when some block's BlockID equals the value: an ID, not a key or a place.
     bool IsInCollection(const Value& Index) const;
     Ref<clsBVTBlock> GetBlockByBlockID(std::int16_t iBlockID) const;
@@ -36,12 +38,12 @@ public:
     /// Null when absent.
     clsBVTBlock* find(std::int16_t id) const;
 
-    std::size_t size() const noexcept { return m_blocks.size(); }
+    std::size_t size() const noexcept { return m_blocks->size(); }
     clsBVTBlock& operator[](std::size_t zeroBased) const;
-    void reserve(std::size_t count) { m_blocks.reserve(count); }
+    void reserve(std::size_t count) { m_blocks->reserve(count); }
 
 private:
-    Collection m_blocks;
+    Ref<Collection> m_blocks = make<Collection>();
 };
 
 }  // namespace canvas

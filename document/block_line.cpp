@@ -44,15 +44,25 @@ std::optional<std::int32_t> wholeNumber(std::string_view token) {
 }
 
 std::string placeName(std::int32_t place, std::int32_t sources, const AttributeClass* values) {
-    static constexpr std::string_view names[] = {
-        "keyword", "ID", "type", "label", "top target", "bottom target", "user ID", "user name",
-        "dual-port flag", "no-in-port flag", "no-out-port flag", "number of incoming connections"};
+    static constexpr std::string_view names[] = {"keyword",
+                                                 "ID",
+                                                 "type",
+                                                 "label",
+                                                 "top target",
+                                                 "bottom target",
+                                                 "user ID",
+                                                 "user name",
+                                                 "dual-port flag",
+                                                 "no-in-port flag",
+                                                 "no-out-port flag",
+                                                 "number of incoming connections"};
     if (place <= place::inPorts) return std::string(names[place - 1]);
     const std::int32_t source = place - place::inPorts;
     if (source <= sources) return "incoming connection " + numbers::textOf(source);
     const std::int32_t value = source - std::max(sources, 0) - 1;
     if (value == 0) return "number of values";
-    const Field* field = values && value <= values->values ? values->fileField(static_cast<std::int16_t>(value)) : nullptr;
+    const Field* field =
+        values && value <= values->values ? values->fileField(static_cast<std::int16_t>(value)) : nullptr;
     if (field && !field->label.empty()) return std::string(field->label);
     return "value " + numbers::textOf(value);
 }

@@ -15,7 +15,18 @@ namespace canvas {
 /// the number of values, and the values.
 namespace place {
 enum Place : std::int32_t {
-    keyword = 1, blockId, blockType, label, toFirst, toSecond, userId, userName, dual, noIn, noOut, inPorts
+    keyword = 1,
+    blockId,
+    blockType,
+    label,
+    toFirst,
+    toSecond,
+    userId,
+    userName,
+    dual,
+    noIn,
+    noOut,
+    inPorts
 };
 }
 

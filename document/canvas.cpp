@@ -12,9 +12,26 @@
 
 namespace canvas {
 
+using tracing::Flow;
 using tracing::Locals;
 using tracing::onFailure;
 using tracing::Procedure;
+
+namespace {
+
+/// Inside a step of `run`: each block in collection order, a statement of its own. The walk holds the blocks, whatever
+/// a host does to the document meanwhile.
+template <class Run, class Use>
+Flow eachBlock(Run& run, const Ref<clsBVTBlockCol>& blocks, Use&& use) {
+    const Ref<clsBVTBlockCol> walked = blocks;
+    for (std::size_t i = 0; i < walked->size(); ++i) {
+        const Ref<clsBVTBlock> block(&(*walked)[i]);
+        if (run([&] { return use(*block); }) == Flow::leave) return Flow::leave;
+    }
+    return Flow::next;
+}
+
+}  // namespace
 
 // Block identifiers
 
@@ -66,9 +83,9 @@ bool clsBVTCanvas::RemoveBlock(std::int16_t intBlockID) {
     bool result = false;
     onFailure(
         [&] {
-            // the maximum itself is out of reach, and stays so: hosts number their last block below it
+            // the maximum itself is out of reach on purpose
             if (intBlockID >= intMaxNumberOfBlock || intBlockID < 0) return;
-            detachBlock(intBlockID);
+            UpdateBlock(intBlockID);
             BlockCollection->Delete(Value(numbers::textOf(std::int32_t{intBlockID})));
             blnArBlockIDHashTable.give(intBlockID);
             result = true;
@@ -77,7 +94,7 @@ bool clsBVTCanvas::RemoveBlock(std::int16_t intBlockID) {
     return result;
 }
 
-void clsBVTCanvas::detachBlock(std::int16_t BlockID) {
+void clsBVTCanvas::UpdateBlock(std::int16_t BlockID) {
     onFailure(
         [&] {
             clsBVTBlock& block = BlockCollection->byKey(BlockID);
@@ -153,19 +170,19 @@ bool takePort(clsBVTBlock& source, const clsBVTEdge& edge) {
 
 bool clsBVTCanvas::AddEdge(clsBVTEdge& Edge) {
     bool result = false;
-    clsBVTBlock* Block = nullptr;
-    clsBVTBlock* Block2 = nullptr;
+    Ref<clsBVTBlock> Block;
+    Ref<clsBVTBlock> Block2;
     Procedure run(name, "AddEdge", this, [&](Locals& l) {
         l("Edge", Ref<Object>(&Edge));
-        l("Block", Ref<Object>(Block));
-        l("Block2", Ref<Object>(Block2));
+        l("Block", Block);
+        l("Block2", Block2);
     });
     const auto refuse = [&] {
         result = false;
         blnCanvasDeleteEdge = true;
     };
-    run([&] { Block = &BlockCollection->byKey(Edge.intFromBlockID); },
-        [&] { Block2 = &BlockCollection->byKey(Edge.intToBlockID); },
+    run([&] { Block = Ref<clsBVTBlock>(&BlockCollection->byKey(Edge.intFromBlockID)); },
+        [&] { Block2 = Ref<clsBVTBlock>(&BlockCollection->byKey(Edge.intToBlockID)); },
         [&] {
             result = takePort(required(Block), Edge);
             if (!result) refuse();
@@ -183,14 +200,14 @@ bool clsBVTCanvas::AddEdge(clsBVTEdge& Edge) {
 }
 
 void clsBVTCanvas::RemoveEdge(clsBVTEdge& Edge) {
-    clsBVTBlock* Block = nullptr;
+    Ref<clsBVTBlock> Block;
     Procedure run(name, "RemoveEdge", this, [&](Locals& l) {
         l("Edge", Ref<Object>(&Edge));
-        l("Block", Ref<Object>(Block));
+        l("Block", Block);
     });
     run(
         [&] {
-            if (!blnCanvasDeleteEdge) Block = &BlockCollection->byKey(Edge.intFromBlockID);
+            if (!blnCanvasDeleteEdge) Block = Ref<clsBVTBlock>(&BlockCollection->byKey(Edge.intFromBlockID));
         },
         [&] {
             if (blnCanvasDeleteEdge) return;
@@ -210,7 +227,7 @@ void clsBVTCanvas::SelectPort(std::int16_t NodeMidPoint, std::int16_t MouseClick
 void clsBVTCanvas::Clear() {
     BlockCollection = make<clsBVTBlockCol>();
     blnArBlockIDHashTable.clear();
-    intMaxNumberOfBlock = 250;  // a cleared document is meant for one screen, a new one takes all identifiers
+    intMaxNumberOfBlock = 250;  // less than the 1023 of a new canvas, on purpose
     blnBottomPortSelected = false;
     blnCanvasDeleteEdge = false;
     blnChanged = false;
@@ -248,32 +265,30 @@ bool clsBVTCanvas::WriteModelFile(const Value& tsEditor, std::string_view strFil
     return false;
 }
 
-void clsBVTCanvas::UpdateFromBlockInfo() {
-    const auto leavesBy = [&](const clsBVTBlock& source, std::int16_t target, bool top) {
-        clsBVTBlock* block = target == unconnected ? nullptr : BlockCollection->find(target);
-        if (block) block->intColFromBlockID.setFromTopPort(source.intBlockID, top);
-    };
-    for (std::size_t i = 0; i < BlockCollection->size(); ++i) {
-        const clsBVTBlock& block = (*BlockCollection)[i];
-        if (!block.blnHasDualOutPort) continue;
-        leavesBy(block, block.intToFirstBlockID, true);
-        leavesBy(block, block.intToSecondBlockID, false);
-    }
-}
-
 // Checks
 
 bool clsBVTCanvas::CheckConnection(std::string& strMessage) {
     bool result = false;
     Procedure run(name, "CheckConnection", this, [&](Locals& l) { l("strMessage", strMessage); });
-    run([&] { result = checkConnection(*BlockCollection, strMessage); });
+    run([&] {
+        result = true;
+        return eachBlock(run, BlockCollection, [&](const clsBVTBlock& block) {
+            if (!wellConnected(block)) result = TagErrorAndWarning(strMessage, "Error", block.intBlockID);
+            return Flow::next;
+        });
+    });
     return result;
 }
 
 bool clsBVTCanvas::Recursive() {
     bool result = false;
     Procedure run(name, "Recursive", this, [](Locals&) {});
-    run([&] { result = callsItself(*BlockCollection, strName); });
+    run([&] {
+        return eachBlock(run, BlockCollection, [&](const clsBVTBlock& block) {
+            result = calls(block, strName);
+            return result ? Flow::leave : Flow::next;
+        });
+    });
     return result;
 }
 
@@ -284,8 +299,21 @@ bool clsBVTCanvas::HasRestartProgram() const noexcept { return hasBlockOfType(*B
 bool clsBVTCanvas::HasSuperBlock() const noexcept { return hasBlockOfType(*BlockCollection, SUPERBLOCK); }
 
 bool clsBVTCanvas::UpdateRestartProgram(const Value& blnArTaskStatus) {
-    Procedure run(name, "UpdateRestartProgram", this, [&](Locals& l) { l("blnArTaskStatus", blnArTaskStatus); });
-    run([&] { untickAbsentTasks(*BlockCollection, blnArTaskStatus.toArray()); });
+    std::int16_t j = 0;
+    Procedure run(name, "UpdateRestartProgram", this, [&](Locals& l) {
+        l("blnArTaskStatus", blnArTaskStatus);
+        l("j", j);
+    });
+    run([&] {
+        return eachBlock(run, BlockCollection, [&](const clsBVTBlock& block) {
+            if (block.intBlockType != RESTARTPROGRAM) return Flow::next;
+            for (j = 0; j < taskCount; ++j) {
+                const auto untick = [&] { untickAbsentTask(block, blnArTaskStatus.toArray(), j); };
+                if (run(untick) == Flow::leave) return Flow::leave;
+            }
+            return Flow::next;
+        });
+    });
     return false;
 }
 
@@ -295,7 +323,12 @@ bool clsBVTCanvas::ReplaceThisSuperBlock(std::string_view strOldName, std::strin
         l("strOldName", strOldName);
         l("strNewName", strNewName);
     });
-    run([&] { result = replaceSubroutine(*BlockCollection, strOldName, strNewName); });
+    run([&] {
+        return eachBlock(run, BlockCollection, [&](const clsBVTBlock& block) {
+            if (block.intBlockType == SUPERBLOCK && replaceSubroutine(block, strOldName, strNewName)) result = true;
+            return Flow::next;
+        });
+    });
     return result;
 }
 

@@ -139,16 +139,14 @@ public:
     /// Still to be built: error 445.
     bool ShowAttributeFormAndChanged(std::int16_t BlockID, Ref<Object>& fForm);
 
-    /// Completes the in-ports after reading: the file does not say which port a connection leaves.
-    void UpdateFromBlockInfo();
-
 private:
     struct Advised {
         std::int32_t cookie;
         std::shared_ptr<CanvasEvents> sink;
     };
 
-    void detachBlock(std::int16_t BlockID);
+    /// Detaches a block from its neighbours.
+    void UpdateBlock(std::int16_t BlockID);
     template <class Call>
     void eachSink(Call&& call);
     bool vetoed(void (CanvasEvents::*event)(bool&));

@@ -10,7 +10,7 @@
 
 namespace canvas {
 
-/// Numbers as programs files keep them; 28 and 29 are not assigned.
+/// Numbers as program files keep them; 28 and 29 are not assigned.
 enum enuBlockType : std::int16_t {
     CHANGEDYNAMICS = 0,
     HOMEAXIS = 1,

@@ -2,6 +2,7 @@
 
 #include "document/findings.h"
 #include "host/numbers.h"
+#include "host/utility.h"
 
 namespace canvas {
 namespace {
@@ -31,13 +32,13 @@ std::string whyNotOpened(const RuntimeError& error) {
     return "the file cannot be opened" + described(error);
 }
 
-std::string whyBlockFailed(FilePlace place, const BlockLine& line, std::int32_t firstPlace, const AttributeClass* values,
-                           const RuntimeError& error) {
+std::string whyBlockFailed(FilePlace place, const BlockLine& line, std::int32_t firstPlace,
+                           const AttributeClass* values, const RuntimeError& error) {
     if (isOutOfMemory(error)) return tooLong(error);
     const std::int32_t meant = place.token + firstPlace - 1;
     const auto sources = wholeNumber(line[place::inPorts - firstPlace + 1]);
     std::string reason = "the " + placeName(meant, sources.value_or(0), values) + " (token " + decimal(place.token) +
-                         ") is " + quoted(line[place.token]) + ", which " + blockFault(meant, error);
+                         ") is " + quoted(stripQuotes(line[place.token])) + ", which " + blockFault(meant, error);
     if (firstPlace != 1) reason += "; the line is read askew, since the one before it has ID 0";
     return reason;
 }

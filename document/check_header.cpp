@@ -14,8 +14,8 @@ namespace {
 constexpr std::string_view keywords[headerLines]{"VERSION_NUMBER", "NUM_BLOCKS", "WINDOW_PARAMS_DEFINE"};
 
 /// Values of the window line, in its order.
-constexpr std::string_view windowValues[]{"left", "top", "height", "width", "zoom", "horizontal scroll position",
-                                          "vertical scroll position", "window state"};
+constexpr std::string_view windowValues[]{
+    "left", "top", "height", "width", "zoom", "horizontal scroll position", "vertical scroll position", "window state"};
 
 std::string decimal(std::int32_t number) { return numbers::textOf(number); }
 
@@ -52,14 +52,16 @@ void checkHeaderLine(int number, std::string_view text, std::string_view current
         findings.add(number, 0, Rule::keyword,
                      "the line begins with " + quoted(firstWord(text)) + " in place of " + std::string(expected));
     if (number == 1 && currentVersion < versionIn(text))
-        findings.add(number, 0, Rule::newerVersion, "the version " + quoted(versionIn(text)) + " is newer than " +
-                                                        std::string(currentVersion) + ", the current one");
+        findings.add(number, 0, Rule::newerVersion,
+                     "the version " + quoted(versionIn(text)) + " is newer than " + std::string(currentVersion) +
+                         ", the current one");
 }
 
 void checkBlockCount(std::string_view countLine, std::int32_t blockLines, Findings& findings) {
     if (firstWord(countLine) != keywords[1] || wholeNumber(secondWord(countLine)) == blockLines) return;
-    findings.add(2, 0, Rule::blockCount, "NUM_BLOCKS says " + quoted(secondWord(countLine)) + ", and the file has " +
-                                             decimal(blockLines) + (blockLines == 1 ? " block line" : " block lines"));
+    findings.add(2, 0, Rule::blockCount,
+                 "NUM_BLOCKS says " + quoted(secondWord(countLine)) + ", and the file has " + decimal(blockLines) +
+                     (blockLines == 1 ? " block line" : " block lines"));
 }
 
 bool isVersion(std::string_view version) {

@@ -19,17 +19,18 @@ std::string counted(std::int32_t number, std::string_view noun) {
 /// One line under all checks.
 class LineCheck {
 public:
-    LineCheck(const BlockLine& line, int number, AttributeClasses& classes, Findings& findings)
-        : m_line(line), m_number(number), m_classes(classes), m_findings(findings) {}
+    LineCheck(const BlockLine& line, int number, ValueShapes& shapes, Findings& findings)
+        : m_line(line), m_number(number), m_shapes(shapes), m_findings(findings) {}
 
     LineVerdict run() {
         findId();
         if (m_verdict.id == 0) return m_verdict;
         m_verdict.linked = m_line.countWritten() >= place::inPorts;
         if (!m_line.balanced()) {
-            tell(Rule::label, "its " + counted(static_cast<std::int32_t>(m_line.quotes()), "double quote") +
-                                  " do not pair up: what stands behind the last one is taken as one token");
             findType();
+            const std::int32_t last = m_line.count();  // the open quote has swallowed the rest of the line
+            tell(Rule::label, "the " + nameOf(last) + " (token " + decimal(last) + ") has a double quote without its " +
+                                  "other one: the rest of the line is taken into it");
             return m_verdict;
         }
         findType();
@@ -41,6 +42,11 @@ public:
 
 private:
     void tell(Rule rule, std::string reason) { m_findings.add(m_number, m_verdict.id, rule, std::move(reason)); }
+
+    std::string nameOf(std::int32_t place) const {
+        const std::int32_t declared = m_line.declaredPlace();
+        return placeName(place, declared == 0 ? 0 : declared - place::inPorts - 1, m_class ? m_class->table : nullptr);
+    }
 
     void findId();
     void findType();
@@ -55,11 +61,11 @@ private:
 
     const BlockLine& m_line;
     int m_number;
-    AttributeClasses& m_classes;
+    ValueShapes& m_shapes;
     Findings& m_findings;
     LineVerdict m_verdict;
     const BlockClass* m_type = nullptr;
-    const AttributeClass* m_class = nullptr;
+    const ValueShape* m_class = nullptr;
 };
 
 void LineCheck::findId() {
@@ -69,7 +75,8 @@ void LineCheck::findId() {
     if (!id || *id < std::numeric_limits<std::int16_t>::min() || *id > std::numeric_limits<std::int16_t>::max()) return;
     m_verdict.id = static_cast<std::int16_t>(*id);
     if (m_verdict.id == 0)
-        tell(Rule::idZero, "the block has ID 0: its line is given up, and the next one is read from its third token on");
+        tell(Rule::idZero,
+             "the block has ID 0: its line is given up, and the next one is read from its third token on");
 }
 
 void LineCheck::findType() {
@@ -78,7 +85,7 @@ void LineCheck::findType() {
         return tell(Rule::unknownType, "the line ends before the block's type, so no block comes of it");
     const auto type = wholeNumber(token);
     if (!type) return;
-    m_class = m_classes.of(*type);
+    m_class = m_shapes.of(*type);
     m_type = *type >= 0 && *type <= highestBlockType ? blockClass(static_cast<std::int16_t>(*type)) : nullptr;
     m_verdict.knownType = m_class != nullptr;
     if (!m_type) tell(Rule::unknownType, "no block has the type " + decimal(*type));
@@ -98,18 +105,16 @@ void LineCheck::checkKeyword() {
     }
     const std::string_view asked = m_type->type == NodeText ? text : block;
     if (keyword == asked) return;
-    tell(Rule::keyword, "the line begins with " + quoted(keyword) + "; a block of type " + decimal(m_type->type) + " (" +
-                            std::string(m_type->displayName) + ") begins with " + std::string(asked));
+    tell(Rule::keyword, "the line begins with " + quoted(keyword) + "; a block of type " + decimal(m_type->type) +
+                            " (" + std::string(m_type->displayName) + ") begins with " + std::string(asked));
 }
 
 void LineCheck::checkText(std::int32_t place) {
     const std::string_view text = stripQuotes(m_line[place]);
     const auto tellIf = [&](char c, std::string_view what) {
         if (text.find(c) == std::string_view::npos) return;
-        const std::int32_t declared = m_line.declaredPlace();
-        const std::int32_t sources = declared == 0 ? 0 : declared - place::inPorts - 1;
-        tell(Rule::label, "the " + placeName(place, sources, m_class) + " (token " + decimal(place) + ") contains " +
-                              std::string(what) + ", which does not survive saving: " + quoted(text));
+        tell(Rule::label, "the " + nameOf(place) + " (token " + decimal(place) + ") contains " + std::string(what) +
+                              ", which does not survive saving: " + quoted(text));
     };
     tellIf('"', "a double quote");
     tellIf('\r', "a line end");
@@ -131,11 +136,13 @@ std::int32_t LineCheck::valuesFrom(std::int32_t declaredPlace) const {
 /// Whether the number of values could stand at that place: it is the class's, as many values follow, and what stands
 /// before it back to the number of incoming connections are IDs.
 bool LineCheck::isLaidOutFrom(std::int32_t declaredPlace) const {
-    if (declaredPlace <= place::inPorts || declaredPlace > static_cast<std::int32_t>(BlockLine::mostTokens)) return false;
-    if (wholeNumber(m_line[declaredPlace]) != m_class->values || valuesFrom(declaredPlace) != m_class->values) return false;
+    if (declaredPlace <= place::inPorts || declaredPlace > static_cast<std::int32_t>(BlockLine::mostTokens))
+        return false;
+    if (wholeNumber(m_line[declaredPlace]) != m_class->values || valuesFrom(declaredPlace) != m_class->values)
+        return false;
     for (std::int32_t i = place::inPorts + 1; i < declaredPlace; ++i)
         if (!wholeNumber(m_line[i])) return false;
-    return m_class->values == 0 || !m_class->fileField(1)->at.isText() || m_line[declaredPlace + 1].starts_with('"');
+    return !m_class->firstQuoted || m_line[declaredPlace + 1].starts_with('"');
 }
 
 void LineCheck::checkCounts() {
@@ -144,12 +151,12 @@ void LineCheck::checkCounts() {
     if (said == 0) return;  // the reader will stop there
     const std::int32_t announced = *wholeNumber(m_line[place::inPorts]);
     m_verdict.inPlace = announced >= 0;
-    if (m_verdict.inPlace && isLaidOutFrom(said)) return;
+    const bool declared = wholeNumber(m_line[said]) == m_class->values;
+    if (m_verdict.inPlace && declared && valuesFrom(said) == m_class->values) return;
     const std::int32_t fitting = m_line.countWritten() - m_class->values;
     // values that are bare numbers cannot be told from sources: then the line's own number of sources is believed
-    const bool bare = m_class->values > 0 && !m_class->fileField(1)->at.isText();
-    const bool believed = bare && wholeNumber(m_line[said]) == m_class->values;
-    if (believed || !isLaidOutFrom(fitting)) return tellValues(said);
+    const bool bare = m_class->values > 0 && !m_class->firstQuoted;
+    if ((bare && declared) || !isLaidOutFrom(fitting)) return tellValues(said);
     m_verdict.inPlace = false;
     tell(Rule::inPortCount, "token 12 announces " + counted(announced, "incoming connection") + ", and " +
                                 decimal(fitting - place::inPorts - 1) + " are listed");
@@ -164,7 +171,8 @@ void LineCheck::checkSources() {
     for (std::size_t i = 1; i < sources.size(); ++i) {
         const bool first = i == 1 || sources[i - 2] != sources[i];
         if (sources[i - 1] == sources[i] && first)
-            tell(Rule::inPort, "the list of incoming connections names block " + decimal(sources[i]) + " more than once");
+            tell(Rule::inPort,
+                 "the list of incoming connections names block " + decimal(sources[i]) + " more than once");
     }
 }
 
@@ -179,18 +187,25 @@ void LineCheck::tellValues(std::int32_t declaredPlace) {
 
 }  // namespace
 
-const AttributeClass* AttributeClasses::of(std::int32_t type) {
+const ValueShape* ValueShapes::of(std::int32_t type) {
     if (type < 0 || type > highestBlockType) return nullptr;
     Known& known = m_known[static_cast<std::size_t>(type)];
-    if (known.asked) return known.table;
-    known.asked = true;
     const BlockClass* found = blockClass(static_cast<std::int16_t>(type));
-    if (found && found->make) known.table = &found->make()->attributeClass();
-    return known.table;
+    if (!known.asked && found && found->make) {
+        const Ref<AttributeObject> fresh = found->make();
+        std::string written;
+        fresh->appendTo(written);
+        const std::string_view count = std::string_view(written).substr(0, written.find(' '));
+        known.shape = {.table = &fresh->attributeClass(),
+                       .values = wholeNumber(count).value_or(0),
+                       .firstQuoted = std::string_view(written).substr(count.size()).starts_with(" \"")};
+    }
+    known.asked = true;
+    return known.shape.table ? &known.shape : nullptr;
 }
 
-LineVerdict checkLine(const BlockLine& line, int number, AttributeClasses& classes, Findings& findings) {
-    return LineCheck(line, number, classes, findings).run();
+LineVerdict checkLine(const BlockLine& line, int number, ValueShapes& shapes, Findings& findings) {
+    return LineCheck(line, number, shapes, findings).run();
 }
 
 }  // namespace canvas

@@ -9,16 +9,23 @@
 
 namespace canvas {
 
-/// The attribute classes by type. One object serves one thread.
-class AttributeClasses {
+/// What the values of a block class look like in a file, as a new object of it writes them.
+struct ValueShape {
+    const AttributeClass* table = nullptr;
+    std::int32_t values = 0;
+    bool firstQuoted = false;
+};
+
+/// By type. One object serves one thread.
+class ValueShapes {
 public:
-    /// Null when the type has none.
-    const AttributeClass* of(std::int32_t type);
+    /// Null when the type has no class.
+    const ValueShape* of(std::int32_t type);
 
 private:
     struct Known {
         bool asked = false;
-        const AttributeClass* table = nullptr;
+        ValueShape shape;
     };
     std::array<Known, highestBlockType + 1> m_known{};
 };
@@ -33,6 +40,6 @@ struct LineVerdict {
     bool inPlace = false;
 };
 
-LineVerdict checkLine(const BlockLine& line, int number, AttributeClasses& classes, Findings& findings);
+LineVerdict checkLine(const BlockLine& line, int number, ValueShapes& shapes, Findings& findings);
 
 }  // namespace canvas

@@ -8,8 +8,10 @@ namespace {
 
 constexpr RuleRow rows[] = {
     {Rule::unreadable, "unreadable", "The file cannot be opened or read to its end, so no program comes of it."},
-    {Rule::newerVersion, "newer-version", "The file's version is above the one that is written here, compared as text."},
+    {Rule::newerVersion, "newer-version",
+     "The file's version is above the one that is written here, compared as text."},
     {Rule::blockCount, "block-count", "NUM_BLOCKS does not give the number of block lines."},
+    {Rule::window, "window", "The window line does not hold eight values."},
     {Rule::keyword, "keyword", "The first word of a line is not the one that the line, or the block's type, asks for."},
     {Rule::idZero, "id-zero", "A block line without an ID, or with ID 0: no block comes of it."},
     {Rule::unknownType, "unknown-type", "The type number has no block class."},

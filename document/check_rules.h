@@ -11,6 +11,7 @@ enum class Rule : std::uint8_t {
     unreadable,
     newerVersion,
     blockCount,
+    window,
     keyword,
     idZero,
     unknownType,

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
-#include "attributes/attribute.h"
+#include "attributes/lists.h"
+#include "attributes/program_control.h"
+#include "attributes/validation.h"
 #include "document/catalogue.h"
 #include "host/numbers.h"
 
@@ -65,26 +67,91 @@ void checkPortFlags(const clsBVTBlock& block, int line, Findings& findings) {
     if (!reason.empty()) findings.add(line, block.intBlockID, Rule::portFlags, std::move(reason));
 }
 
+namespace {
+
+class ValueCheck {
+public:
+    ValueCheck(const clsBVTBlock& block, int line, AttributeObject& attribute, Findings& findings)
+        : m_block(block),
+          m_line(line),
+          m_attribute(attribute),
+          m_table(attribute.attributeClass()),
+          m_findings(findings) {}
+
+    void run() {
+        for (std::int16_t row = 0; row < m_table.rows; ++row) {
+            const Field& field = *m_table.rowField(row);
+            if (!field.at.isText()) continue;
+            const std::string& text = field.at.text(m_attribute);
+            if (field.list) checkChoice(field, text);
+            else checkRange(row, std::string(field.label), text);
+        }
+        if (&m_table == &clsBVTProgrammableLimitSwitch::table) checkSwitches();
+        if (&m_table == &clsBVTRestartProgram::table) checkLaunches();
+    }
+
+private:
+    /// The panel changes what it is given.
+    AttributeObject& scratch() {
+        if (!m_scratch) m_scratch = m_attribute.IsTheSame();
+        return *m_scratch;
+    }
+
+    void tell(Rule rule, const std::string& name, std::string_view text, const std::string& fault) {
+        m_findings.add(m_line, m_block.intBlockID, rule, name + " is " + quoted(text) + fault);
+    }
+
+    void checkChoice(const Field& field, const std::string& text) {
+        if (!isOneOf(text, *field.list))
+            tell(Rule::valueList, std::string(field.label), text, ", which is none of " + choices(*field.list));
+    }
+
+    void checkRange(std::int16_t row, const std::string& name, const std::string& text) {
+        if (!numbers::isNumeric(text)) return;  // an expression has no range
+        const std::string answer = panelsAnswer(scratch(), row, text);
+        if (!answer.empty()) tell(Rule::valueRange, name, text, ": " + answer);
+    }
+
+    /// A row that shows one of several entries: its type is the row's, whichever is shown.
+    void checkEntry(std::int16_t row, std::size_t entry, std::string_view text) {
+        const Field& field = *m_table.rowField(row);
+        std::string error;
+        if (validate(text, field.type, error)) return;
+        tell(Rule::valueRange,
+             std::string(field.label) + " of entry " + numbers::textOf(static_cast<std::int32_t>(entry)), text,
+             ": " + error);
+    }
+
+    void checkSwitches() {
+        constexpr std::int16_t greaterThan = 3, lessThan = 4;  // rows
+        auto& block = static_cast<clsBVTProgrammableLimitSwitch&>(scratch());
+        block.FillMatrix();  // which unpacks the list
+        for (std::size_t i = 0; i < entryCount(block.strArray); ++i) {
+            checkEntry(greaterThan, i + 1, block.arSwitches[i][0]);
+            checkEntry(lessThan, i + 1, block.arSwitches[i][1]);
+        }
+    }
+
+    void checkLaunches() {
+        constexpr std::int16_t blockNumber = 2;  // row
+        const auto& entries = static_cast<clsBVTRestartProgram&>(m_attribute).intArBlockNumber.entries();
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            checkEntry(blockNumber, i + 1, numbers::textOf(std::int32_t{entries[i]}));
+    }
+
+    const clsBVTBlock& m_block;
+    int m_line;
+    AttributeObject& m_attribute;
+    const AttributeClass& m_table;
+    Findings& m_findings;
+    Ref<AttributeObject> m_scratch;
+};
+
+}  // namespace
+
 void checkValues(const clsBVTBlock& block, int line, Findings& findings) {
     auto* attribute = block.vntAttribute ? faceOf<AttributeObject>(*block.vntAttribute) : nullptr;
-    if (!attribute) return;
-    const AttributeClass& table = attribute->attributeClass();
-    Ref<AttributeObject> scratch;
-    for (std::int16_t row = 0; row < table.rows; ++row) {
-        const Field& field = *table.rowField(row);
-        if (!field.at.isText()) continue;
-        const std::string& text = field.at.text(*attribute);
-        const std::string is = std::string(field.label) + " is " + quoted(text);
-        if (field.list) {
-            if (!isOneOf(text, *field.list))
-                findings.add(line, block.intBlockID, Rule::valueList, is + ", which is none of " + choices(*field.list));
-            continue;
-        }
-        if (!numbers::isNumeric(text)) continue;  // an expression has no range; it saves the copy
-        if (!scratch) scratch = attribute->IsTheSame();
-        const std::string answer = panelsAnswer(*scratch, row, text);
-        if (!answer.empty()) findings.add(line, block.intBlockID, Rule::valueRange, is + ": " + answer);
-    }
+    if (attribute && attribute->attributeClass().rows > 0) ValueCheck(block, line, *attribute, findings).run();
 }
 
 }  // namespace canvas

@@ -1,11 +1,10 @@
 #include "document/check_wiring.h"
 
-#include <charconv>
+#include <utility>
 
 #include "document/catalogue.h"
 #include "document/connection_check.h"
 #include "host/numbers.h"
-#include "host/text.h"
 
 namespace canvas {
 namespace {
@@ -54,7 +53,8 @@ public:
 
 private:
     BlockPlace placeOf(std::int32_t id) const {
-        return id >= 1 && id <= Identifiers::highest ? m_places[static_cast<std::size_t>(id)] : BlockPlace{};
+        const auto found = m_places.find(id);
+        return found == m_places.end() ? BlockPlace{} : found->second;
     }
     void tell(const clsBVTBlock& block, Rule rule, std::string reason) {
         m_findings.add(placeOf(block.intBlockID).line, block.intBlockID, rule, std::move(reason));
@@ -82,7 +82,8 @@ void WiringCheck::checkTargets(const clsBVTBlock& block) {
     if (ports == Ports::noOut || ports == Ports::none) {
         for (const std::int16_t target : {top, bottom})
             if (target != unconnected)
-                tell(block, Rule::missingPort, typeName(block) + " has no output port, and leads to block " + decimal(target));
+                tell(block, Rule::missingPort,
+                     typeName(block) + " has no output port, and leads to block " + decimal(target));
         return;
     }
     if (top != unconnected) checkTarget(block, top, dual ? "top port" : "output port");
@@ -114,23 +115,19 @@ void WiringCheck::checkSources(const clsBVTBlock& block) {
         const auto id = static_cast<std::int16_t>(block.inPort(i).sngBlockID);
         const clsBVTBlock* source = m_blocks.find(id);
         const std::string listed = "block " + decimal(id) + " is among the incoming connections";
-        if (!takesConnections(block)) tell(block, Rule::missingPort, typeName(block) + " has no in-port, and " + listed);
+        if (!takesConnections(block))
+            tell(block, Rule::missingPort, typeName(block) + " has no in-port, and " + listed);
         else if (source && placeOf(id).linked && !leadsTo(*source, block.intBlockID))
             tell(block, Rule::inPort, named(*source) + " is among the incoming connections, and does not lead here");
         else if (!source && !wasDropped(id)) tell(block, Rule::inPort, listed + ", and is not there");
     }
 }
 
-/// The check itself says only which blocks; the reasons follow its conditions.
+/// The connection check says only that a block is wrong; the reasons follow its conditions.
 void WiringCheck::checkMarks() {
-    std::string marks;
-    checkConnection(m_blocks, marks);
-    for (const std::string_view mark : text::split(marks, "@")) {
-        const std::string_view digits = mark.substr(mark.find(',') + 1);
-        std::int16_t id = 0;
-        std::from_chars(digits.data(), digits.data() + digits.size(), id);
-        const clsBVTBlock& block = m_blocks.byKey(id);
-        if (std::string why = whyMarked(block); !why.empty()) tell(block, Rule::connection, std::move(why));
+    for (std::size_t i = 0; i < m_blocks.size(); ++i) {
+        if (wellConnected(m_blocks[i])) continue;
+        if (std::string why = whyMarked(m_blocks[i]); !why.empty()) tell(m_blocks[i], Rule::connection, std::move(why));
     }
 }
 
@@ -147,7 +144,8 @@ std::string WiringCheck::whyMarked(const clsBVTBlock& block) const {
     if (!leads) return "it leads nowhere";
     if (leadsTo(block, block.intBlockID) && portsOf(block) != Ports::dual) return "it leads to itself";
     if (portsOf(block) != Ports::dual) return {};
-    return std::string("of its two output ports only the ") + (block.blnTopPortUsed ? "top" : "bottom") + " one is connected";
+    return std::string("of its two output ports only the ") + (block.blnTopPortUsed ? "top" : "bottom") +
+           " one is connected";
 }
 
 bool WiringCheck::isLedTo(std::int16_t id) const {
@@ -158,7 +156,7 @@ bool WiringCheck::isLedTo(std::int16_t id) const {
 
 void WiringCheck::checkEnd(std::int16_t id, enuBlockType type, Rule rule) {
     const clsBVTBlock* found = m_blocks.find(id);
-    if (found && found->intBlockType == type) return;
+    if (found ? found->intBlockType == type : wasDropped(id)) return;
     const std::string name(blockName(type));
     const clsBVTBlock* elsewhere = nullptr;
     for (std::size_t i = 0; i < m_blocks.size() && !elsewhere; ++i)

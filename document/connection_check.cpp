@@ -18,20 +18,6 @@ bool leadsToItself(const clsBVTBlock& block) {
     return false;
 }
 
-bool wellConnected(const clsBVTBlock& block) {
-    const bool reached = block.inPortCount() > 0;
-    switch (block.intBlockType) {
-        case PROGRAMEND: return reached;
-        case PROGRAMSTART: return block.blnTopPortUsed;
-        case NodeText: return true;
-        default: break;
-    }
-    if (!reached || (!block.blnTopPortUsed && !block.blnBottomPortUsed)) return false;
-    // with both ports in use a block may lead to itself: such a loop waits for its other way out
-    if (block.blnTopPortUsed && block.blnBottomPortUsed) return true;
-    return !block.blnHasDualOutPort && !leadsToItself(block);
-}
-
 /// The name without its extension, in upper case.
 std::string stem(std::string_view fileTitle) {
     constexpr std::size_t extension = 4;
@@ -41,6 +27,20 @@ std::string stem(std::string_view fileTitle) {
 
 }  // namespace
 
+bool wellConnected(const clsBVTBlock& block) {
+    const bool reached = block.inPortCount() > 0;
+    switch (block.intBlockType) {
+        case PROGRAMEND: return reached;
+        case PROGRAMSTART: return block.blnTopPortUsed;
+        case NodeText: return true;
+        default: break;
+    }
+    if (!reached || (!block.blnTopPortUsed && !block.blnBottomPortUsed)) return false;
+    // the test for a block that leads to itself is for one port in use only
+    if (block.blnTopPortUsed && block.blnBottomPortUsed) return true;
+    return !block.blnHasDualOutPort && !leadsToItself(block);
+}
+
 bool TagErrorAndWarning(std::string& strMessage, std::string_view strType, std::int16_t BlockID) {
     if (!strMessage.empty()) strMessage += '@';
     strMessage += strType;
@@ -49,20 +49,10 @@ bool TagErrorAndWarning(std::string& strMessage, std::string_view strType, std::
     return false;
 }
 
-bool checkConnection(const clsBVTBlockCol& blocks, std::string& strMessage) {
-    bool result = true;
-    for (std::size_t i = 0; i < blocks.size(); ++i)
-        if (!wellConnected(blocks[i])) result = TagErrorAndWarning(strMessage, "Error", blocks[i].intBlockID);
-    return result;
-}
-
-bool callsItself(const clsBVTBlockCol& blocks, std::string_view documentName) {
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
-        if (blocks[i].intBlockType != SUPERBLOCK) continue;
-        const std::string title = required(blocks[i].vntAttribute).get("title").toText();
-        if (stem(title) == stem(environment().utility->FileTitleOf(documentName))) return true;
-    }
-    return false;
+bool calls(const clsBVTBlock& block, std::string_view documentName) {
+    if (block.intBlockType != SUPERBLOCK) return false;
+    const std::string title = required(block.vntAttribute).get("title").toText();
+    return stem(title) == stem(environment().utility->FileTitleOf(documentName));
 }
 
 bool CheckPathConnection(const clsBVTBlockCol& blocks, std::span<const std::int16_t> BlockState) {

@@ -63,19 +63,19 @@ void clsBVTEdge::reportVariables(VariableSink& sink) const {
 
 Ref<clsBVTEdge> clsBVTEdgeCol::Add(clsBVTEdge& Edge) {
     Ref<clsBVTEdge> stored = make<clsBVTEdge>(Edge);
-    m_edges.Add(stored);
+    m_edges->Add(stored);
     return stored;
 }
 
 void clsBVTEdgeCol::Delete(const Value& Name) {
     Procedure run(name, "Delete", this, [&](Locals& l) { l("Name", Name); });
-    run([&] { m_edges.Remove(Name); });
+    run([&] { m_edges->Remove(Name); });
 }
 
 Ref<clsBVTEdge> clsBVTEdgeCol::Item(const Value& Name) const {
     Ref<clsBVTEdge> result;
     Procedure run(name, "Item", this, [&](Locals& l) { l("Name", Name); });
-    run([&] { result = fromValue<Ref<clsBVTEdge>>(m_edges.Item(Name)); });
+    run([&] { result = fromValue<Ref<clsBVTEdge>>(m_edges->Item(Name)); });
     return result;
 }
 
@@ -83,10 +83,11 @@ std::span<const Member> clsBVTEdgeCol::table() noexcept {
     using C = clsBVTEdgeCol;
     static constexpr Member members[] = {
         method<&C::Add>("Add"),
-        property<&C::Count, nullptr>("Count"),
+        method<&C::Count>("Count"),
         method<&C::Delete>("Delete"),
         byDefault(method<&C::Item>("Item")),
         method<&C::Clear>("Clear"),
+        method<&C::NewEnum>("NewEnum"),
     };
     return members;
 }

@@ -43,18 +43,19 @@ class clsBVTEdgeCol final : public Tabled<clsBVTEdgeCol> {
 public:
     static constexpr std::string_view name = "clsBVTEdgeCol";
     static std::span<const Member> table() noexcept;
-    void reportVariables(VariableSink& sink) const override { m_edges.reportVariables(sink); }
-    std::unique_ptr<Enumerator> enumerate() override { return m_edges.enumerate(); }
+    void reportVariables(VariableSink& sink) const override { m_edges->reportVariables(sink); }
+    std::unique_ptr<Enumerator> enumerate() override { return m_edges->enumerate(); }
 
     /// Stores a copy, never the argument, and gives the copy; it shares the two positions.
     Ref<clsBVTEdge> Add(clsBVTEdge& Edge);
-    std::int32_t Count() const noexcept { return m_edges.Count(); }
+    std::int32_t Count() const noexcept { return m_edges->Count(); }
     void Delete(const Value& Name);
     Ref<clsBVTEdge> Item(const Value& Name) const;
-    void Clear() noexcept { m_edges.Clear(); }
+    void Clear() { m_edges = make<Collection>(); }
+    Ref<Object> NewEnum() const { return enumeratorOf(m_edges); }
 
 private:
-    Collection m_edges;
+    Ref<Collection> m_edges = make<Collection>();
 };
 
 }  // namespace canvas

@@ -1,6 +1,7 @@
 #include "document/findings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/numbers.h"
 #include "host/text.h"

@@ -24,7 +24,7 @@ public:
     /// A new edit ends the redo history.
     void push(std::int16_t mode, Ref<Object> record) {
         undo.push_back({mode, std::move(record)});
-        redo.clear();
+        const Stack ended = std::exchange(redo, {});  // a record's end may be a host's, and come back here
     }
 
     /// Moves the top of one stack onto the other and gives its record. An empty stack is error 9.

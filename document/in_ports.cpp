@@ -21,21 +21,6 @@ void addTo(Collection& collection, Source source) {
 
 }  // namespace
 
-InPorts::InPorts(const InPorts& other) {
-    if (other.isRecords()) {
-        m_sources = other.m_sources;
-        return;
-    }
-    auto copy = make<Collection>();
-    for (std::size_t i = 0; i < other.size(); ++i) addTo(*copy, other[i]);
-    m_collection = std::move(copy);
-}
-
-void InPorts::take(InPorts&& other) noexcept {
-    m_sources = std::move(other.m_sources);
-    m_collection = std::move(other.m_collection);
-}
-
 Source InPorts::operator[](std::size_t zeroBased) const {
     if (isRecords()) return m_sources[zeroBased];
     const clsBVTInPort& port = portIn((*m_collection)[zeroBased]);
@@ -51,8 +36,7 @@ bool InPorts::hasKey(std::int16_t id) const {
     return isRecords() ? record(single) != m_sources.end() : m_collection->find(keyOf(single)) != nullptr;
 }
 
-void InPorts::add(std::int16_t id, bool fromTopPort) {
-    const Source source{static_cast<float>(id), fromTopPort};
+void InPorts::add(Source source) {
     if (isRecords() && m_sources.size() < mostRecords) {
         if (record(source.sngBlockID) != m_sources.end()) raise(Error::keyExists);
         m_sources.push_back(source);

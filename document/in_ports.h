@@ -19,18 +19,16 @@ struct Source {
 class InPorts {
 public:
     InPorts() = default;
-    /// A copy shares nothing: its entries are keyed anew by their IDs, as error 457 tells where two have the same.
-    InPorts(const InPorts& other);
+    InPorts(const InPorts&) = delete;
     InPorts& operator=(const InPorts&) = delete;
-    void take(InPorts&& other) noexcept;
 
     std::size_t size() const noexcept { return m_collection ? m_collection->size() : m_sources.size(); }
     Source operator[](std::size_t zeroBased) const;
 
     /// Whether the key of an ID is taken.
     bool hasKey(std::int16_t id) const;
-    /// Error 457 when the key is taken.
-    void add(std::int16_t id, bool fromTopPort);
+    /// Adds an entry under the key of its ID; error 457 when the key is taken.
+    void add(Source source);
     /// Removes the entry under the key of an ID; error 5 when there is none.
     void remove(float id);
     /// Does nothing when the key is absent.

@@ -112,9 +112,10 @@ private:
 void Reader::readHeader() {
     requireLine();
     m_place.token = 2;
-    const auto words = text::split(m_text, " ");
-    if (words.size() < 2) raise(Error::subscript);
-    m_document.strVersionNumber = words[1];
+    const std::size_t first = m_text.find(' ');
+    if (first == std::string_view::npos) raise(Error::subscript);
+    const std::string_view behind = m_text.substr(first + 1);
+    m_document.strVersionNumber = behind.substr(0, behind.find(' '));
     if (m_utility->FileFormatVersion() < m_document.strVersionNumber)
         tell("This file was created by a newer version of Brevant+.  Unexpected results may occur.\r\n"
              "Contact Orlant support to obtain a newer version of Brevant+.",
@@ -214,15 +215,18 @@ void Reader::setNote(std::string_view label) {
     while (note.ends_with(pilcrow)) note.resize(note.size() - pilcrow.size());
     note += pilcrow;
     Object& attribute = required(m_block->vntAttribute);
-    const auto parts = text::split(note, pilcrow);
+    std::int32_t lines = 0;
+    std::int32_t longest = attribute.get("MaxCharPerLine").toLong();
     std::string shown;
-    for (std::size_t i = 0; i + 1 < parts.size(); ++i) {
-        const auto length = static_cast<std::int32_t>(text::length(parts[i]));
-        if (length > attribute.get("MaxCharPerLine").toLong()) attribute.put("MaxCharPerLine", Value(length));
-        shown += parts[i];
-        if (i + 2 < parts.size()) shown += '\r';
+    for (std::string_view rest = note; !rest.empty(); ++lines) {
+        const std::string_view part = rest.substr(0, rest.find(pilcrow));
+        rest.remove_prefix(part.size() + pilcrow.size());
+        const auto length = static_cast<std::int32_t>(text::length(part));
+        if (length > longest) attribute.put("MaxCharPerLine", Value(longest = length));
+        shown += part;
+        if (!rest.empty()) shown += '\r';
     }
-    attribute.put("LineCount", Value(static_cast<std::int32_t>(parts.size()) - 1));
+    attribute.put("LineCount", Value(lines));
     attribute.put("NodeText", Value(note));
     attribute.put("CharCount", Value(static_cast<std::int32_t>(text::length(note))));
     m_block->strBlockLabel = shown;
@@ -232,7 +236,7 @@ void Reader::setNote(std::string_view label) {
 /// a top port until the wiring is complete.
 void Reader::addSource(std::int16_t id) {
     InPorts& sources = m_block->intColFromBlockID;
-    if (!sources.hasKey(id)) sources.add(id, true);
+    if (!sources.hasKey(id)) sources.add({static_cast<float>(id), true});
 }
 
 void Reader::assignValue(std::string_view token) {
@@ -242,8 +246,8 @@ void Reader::assignValue(std::string_view token) {
 
 /// Files below version 200 keep the duration of a Slave Offset in seconds.
 bool Reader::fromOlderVersion() {
-    constexpr double milliseconds = 200;
-    if (m_older < 0) m_older = numbers::toDouble(m_document.strVersionNumber) < milliseconds ? 1 : 0;
+    constexpr double firstInMilliseconds = 200;
+    if (m_older < 0) m_older = numbers::toDouble(m_document.strVersionNumber) < firstInMilliseconds ? 1 : 0;
     return m_older == 1;
 }
 
@@ -257,11 +261,26 @@ void Reader::finishBlock() {
     if (block.intBlockID != 0) m_document.adoptBlock(std::move(m_block));
 }
 
+/// Completes the in-ports: the file does not say which port a connection leaves. A target that is not there, or does not
+/// list the source, is passed over.
+void updateFromBlockInfo(const clsBVTBlockCol& blocks) {
+    const auto leavesBy = [&](const clsBVTBlock& source, std::int16_t target, bool top) {
+        clsBVTBlock* block = target == unconnected ? nullptr : blocks.find(target);
+        if (block) block->intColFromBlockID.setFromTopPort(source.intBlockID, top);
+    };
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        const clsBVTBlock& block = blocks[i];
+        if (!block.blnHasDualOutPort) continue;
+        leavesBy(block, block.intToFirstBlockID, true);
+        leavesBy(block, block.intToSecondBlockID, false);
+    }
+}
+
 bool readText(clsBVTCanvas& document, std::string bytes, ReadSink& sink) {
     Reader reader(document, sink);
     try {
         const bool result = reader.read(encoding::decode(std::move(bytes)));
-        document.UpdateFromBlockInfo();
+        updateFromBlockInfo(*document.BlockCollection);
         return result;
     } catch (...) {
         sink.failed(reader.place(), tracing::caught());

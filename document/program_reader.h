@@ -24,8 +24,9 @@ public:
     virtual ~ReadSink() = default;
     /// A line is about to be read; its text without the line end. `line` counts from 1.
     virtual void line(int /*line*/, std::string_view /*text*/) {}
-    /// A block line was read into a block that is about to be stored. `declaredValues` is what the line says of its
-    /// count of values, and `values` how many followed.
+    /// A block line was read to its end. The block is stored next, unless its ID is 0 or the document is full; an empty
+    /// line gives a block without an ID. `declaredValues` is what the line says of its count of values, and `values` how
+    /// many followed.
     virtual void block(int /*line*/, const clsBVTBlock& /*block*/, std::string_view /*declaredValues*/,
                        int /*values*/) {}
     virtual void failed(FilePlace /*place*/, const RuntimeError& /*error*/) {}
@@ -35,7 +36,8 @@ public:
 inline constexpr std::uint64_t largestProgram = 64U << 20U;
 
 /// Reads the program named `fileName`, whose last four characters are taken as its extension and replaced by ".bpa".
-/// False after a failure (told in a box "File Error", blocks read so far stay) and for a file without block lines.
+/// False after a failure (told in a box "File Error", blocks read so far stay) and for a file of the three header lines
+/// alone; any further line, an empty one too, makes it true.
 bool readProgram(clsBVTCanvas& document, std::string_view fileName, ReadSink* sink = nullptr);
 
 /// The same for a text in memory: decodes and reads it. Raises what failed, after telling the sink.

@@ -1,6 +1,5 @@
 #include "document/program_writer.h"
 
-#include "document/attribute_calls.h"
 #include "document/canvas.h"
 #include "document/catalogue.h"
 #include "host/encoding.h"
@@ -32,7 +31,7 @@ Ref<Object> activeForm(const clsBVTCanvas& document) {
     return document.frmParentForm ? document.frmParentForm->get("ActiveForm").toObject() : nullptr;
 }
 
-/// The zoom box stands on the main form; older hosts have it on the active one.
+/// The zoom box stands on the main form, or else on the active one.
 std::string zoomText(Object& mainForm, Object& form) {
     const auto zoomOn = [](Object& owner) {
         return objectAt(*objectAt(owner, "formCmbZoom"), "cmbZoom")->get("Text").toText();
@@ -98,7 +97,7 @@ void appendBlock(std::string& buffer, const clsBVTBlock& block, UtilityLibrary& 
         buffer += numbers::textOf(block.inPort(i).sngBlockID);
         buffer += ' ';
     }
-    attribute_calls::output(block.vntAttribute, buffer, lineStart);
+    block.appendTo(buffer, lineStart);
     buffer += lineEnd;
 }
 

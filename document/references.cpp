@@ -18,12 +18,6 @@ public:
     }
 };
 
-template <class Visit>
-void eachOfType(const clsBVTBlockCol& blocks, std::int16_t type, Visit&& visit) {
-    for (std::size_t i = 0; i < blocks.size(); ++i)
-        if (blocks[i].intBlockType == type) visit(required(blocks[i].vntAttribute));
-}
-
 }  // namespace
 
 const ProgramLookup& programsOnDisk() noexcept {
@@ -37,27 +31,21 @@ bool hasBlockOfType(const clsBVTBlockCol& blocks, std::int16_t type) noexcept {
     return false;
 }
 
-void untickAbsentTasks(const clsBVTBlockCol& blocks, const Array& status) {
-    eachOfType(blocks, RESTARTPROGRAM, [&](Object& attribute) {
-        for (std::int16_t j = 0; j < taskCount; ++j) {
-            if (status.at(j).toBoolean()) continue;
-            const auto task = static_cast<std::int16_t>(j + 1);
-            invoke(attribute, "SetArChkTask", task, false);
-            invoke(attribute, "SetArBlockNumber", task, std::int16_t{1});
-        }
-    });
+void untickAbsentTask(const clsBVTBlock& block, const Array& status, std::int16_t task) {
+    if (status.at(task).toBoolean()) return;
+    Object& attribute = required(block.vntAttribute);
+    const auto fromOne = static_cast<std::int16_t>(task + 1);
+    invoke(attribute, "SetArChkTask", fromOne, false);
+    invoke(attribute, "SetArBlockNumber", fromOne, std::int16_t{1});
 }
 
-bool replaceSubroutine(const clsBVTBlockCol& blocks, std::string_view oldName, std::string_view newName) {
-    bool replaced = false;
+bool replaceSubroutine(const clsBVTBlock& block, std::string_view oldName, std::string_view newName) {
     UtilityLibrary& utility = *environment().utility;
-    eachOfType(blocks, SUPERBLOCK, [&](Object& attribute) {
-        if (text::upper(utility.FileTitleOf(oldName)) != text::upper(attribute.get("title").toText())) return;
-        attribute.put("Name", Value(newName));
-        attribute.put("title", Value(utility.FileTitleOf(newName)));
-        replaced = true;
-    });
-    return replaced;
+    Object& attribute = required(block.vntAttribute);
+    if (text::upper(utility.FileTitleOf(oldName)) != text::upper(attribute.get("title").toText())) return false;
+    attribute.put("Name", Value(newName));
+    attribute.put("title", Value(utility.FileTitleOf(newName)));
+    return true;
 }
 
 }  // namespace canvas

@@ -13,12 +13,11 @@ const ProgramLookup& programsOnDisk() noexcept;
 
 bool hasBlockOfType(const clsBVTBlockCol& blocks, std::int16_t type) noexcept;
 
-/// Unticks each task whose status is False in every launch block, and puts its block number back to 1. `status` counts
-/// its eight entries from 0; a shorter one is error 9.
-void untickAbsentTasks(const clsBVTBlockCol& blocks, const Array& status);
+/// Unticks a task of a launch block when its status is False, and puts its block number back to 1. `status` counts its
+/// eight entries from 0, as `task` does; a shorter one is error 9.
+void untickAbsentTask(const clsBVTBlock& block, const Array& status, std::int16_t task);
 
-/// Gives a subroutine's new name to every block that calls it, found by file title without regard to case. True when
-/// there was one.
-bool replaceSubroutine(const clsBVTBlockCol& blocks, std::string_view oldName, std::string_view newName);
+/// Gives a subroutine's new name to a block that calls it, by file title without regard to case. True when it does.
+bool replaceSubroutine(const clsBVTBlock& block, std::string_view oldName, std::string_view newName);
 
 }  // namespace canvas

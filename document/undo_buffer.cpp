@@ -9,10 +9,16 @@ using tracing::Procedure;
 
 namespace {
 
-/// Makes `last` the last place. The place before the first empties nothing: it is out of bounds.
+/// Makes `last` the last place, growing or cutting. A place before the first is error 9.
 void resize(std::vector<Ref<Object>>& objects, std::int32_t last) {
     if (last < 0) raise(Error::subscript);
-    objects.resize(static_cast<std::size_t>(last) + 1);
+    const auto size = static_cast<std::size_t>(last) + 1;
+    std::vector<Ref<Object>> cut;  // the end of what is cut off may be a host's, and come back here
+    while (objects.size() > size) {
+        cut.push_back(std::move(objects.back()));
+        objects.pop_back();
+    }
+    objects.resize(size);
 }
 
 template <class Objects>

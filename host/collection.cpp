@@ -175,19 +175,55 @@ Value collectionMember(Object& object, std::string_view name, Args args = {}) {
 
 }  // namespace
 
+namespace {
+
+/// Walks by Count, taken once, and Item.
+class ByPlace final : public Enumerator {
+public:
+    explicit ByPlace(Object& collection)
+        : m_collection(&collection), m_count(collectionMember(collection, "Count").toLong()) {}
+
+    bool next(Value& item) override {
+        if (m_place >= m_count) return false;
+        Value index = ++m_place;
+        item = collectionMember(*m_collection, "Item", Args(&index, 1));
+        return true;
+    }
+
+private:
+    Ref<Object> m_collection;
+    std::int32_t m_count;
+    std::int32_t m_place = 0;
+};
+
+}  // namespace
+
+namespace {
+
+class WalkOnly final : public Object {
+public:
+    explicit WalkOnly(Ref<Object> collection) : m_collection(std::move(collection)) {}
+    std::string_view className() const noexcept override { return "Enumerator"; }
+    std::unique_ptr<Enumerator> enumerate() override { return m_collection->enumerate(); }
+
+private:
+    Ref<Object> m_collection;
+};
+
+}  // namespace
+
+Ref<Object> enumeratorOf(Ref<Object> collection) { return make<WalkOnly>(std::move(collection)); }
+
+std::unique_ptr<Enumerator> walkOf(Object& collection) {
+    if (auto enumerator = collection.enumerate()) return enumerator;
+    return std::make_unique<ByPlace>(collection);
+}
+
 void forEach(Object& collection, const std::function<bool(const Value&)>& visit) {
+    const auto walk = walkOf(collection);
     Value item;
-    if (const auto enumerator = collection.enumerate()) {
-        while (enumerator->next(item))
-            if (!visit(item)) return;
-        return;
-    }
-    const std::int32_t count = collectionMember(collection, "Count").toLong();
-    for (std::int32_t place = 1; place <= count; ++place) {
-        Value index = place;
-        item = collectionMember(collection, "Item", Args(&index, 1));
+    while (walk->next(item))
         if (!visit(item)) return;
-    }
 }
 
 }  // namespace canvas

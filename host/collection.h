@@ -65,6 +65,13 @@ private:
     mutable std::vector<std::uint32_t> m_index;
 };
 
+/// An object that offers nothing but the walk over a collection: what NewEnum gives.
+Ref<Object> enumeratorOf(Ref<Object> collection);
+
+/// A walk over a collection of the library's or a host's, in order. An object without enumeration is walked by Count and
+/// Item from 1; one that offers neither is error 451.
+std::unique_ptr<Enumerator> walkOf(Object& collection);
+
 /// Calls `visit` for each item of a collection of the library's or a host's, in order, until it returns false.
 /// An object without enumeration is walked by Item from 1 to the Count it had at the start; one that lacks these too
 /// is error 451.

@@ -34,6 +34,8 @@ T fromValue(const Value& value) {
         using Target = typename IsRef<T>::Target;
         const Ref<Object> object = value.toObject();
         auto* target = dynamic_cast<Target*>(object.get());
+        if constexpr (requires { Target::tag; })  // a class may withhold a face that its C++ type has
+            if (target && !object->face(&Target::tag)) target = nullptr;
         if (object && !target) raise(Error::typeMismatch);
         return T(target);
     } else static_assert(sizeof(T) == 0, "no conversion from Value");

@@ -1,10 +1,13 @@
 #pragma once
 // Member tables: one list per class says which names it answers to late-bound, in slot order.
 //
-//     const Member clsBVTEdge::members[] = {
-//         property<&clsBVTEdge::lngFromX>("fromX"),
-//         method<&clsBVTCanvas::AddEdge>("AddEdge"),
-//     };
+//     std::span<const Member> clsBVTCanvas::table() noexcept {
+//         static constexpr Member members[] = {
+//             property<&clsBVTCanvas::strName>("Name"),
+//             method<&clsBVTCanvas::AddEdge>("AddEdge"),
+//         };
+//         return members;
+//     }
 //
 // Argument counts, types and what goes by reference (non-const references) are read off the C++ declaration.
 

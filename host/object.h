@@ -32,6 +32,8 @@ protected:
     ~VariableSink() = default;
 };
 
+/// Counted: an object is made by `make<T>()` and lives as long as a Ref holds it, never on the stack or as a member,
+/// since every late-bound call holds it for the time of the call.
 class Object {
 public:
     Object() noexcept = default;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace canvas::posix {
@@ -29,12 +30,17 @@ constexpr Row table[] = {
     {EILSEQ, Error::badFileNumber},
 };
 
+bool isFolder(const std::string& path) {
+    struct stat entry {};
+    return ::stat(path.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
+}
+
 bool canBeWalked(const std::string& folder) { return ::faccessat(AT_FDCWD, folder.c_str(), X_OK, AT_EACCESS) == 0; }
 
 }  // namespace
 
 void fail(int code, const std::string& path, Error missing) {
-    if (code == ENOENT) raise(missing);
+    if (code == ENOENT) raise(isFolder(folderOf(path)) ? missing : Error::pathNotFound);
     if (code == EACCES) raise(canBeWalked(folderOf(path)) ? Error::permissionDenied : Error::pathFileAccess);
     const auto* row = std::find_if(std::begin(table), std::end(table), [&](const Row& r) { return r.code == code; });
     raise(row == std::end(table) ? Error::deviceIO : row->error);

@@ -36,8 +36,6 @@ constexpr RequiredMember table[] = {
     {.object = activeForm, .member = "Top", .gives = "number"},
     {.object = activeForm, .member = "Height", .gives = "number"},
     {.object = activeForm, .member = "Width", .gives = "number"},
-    {.object = activeForm, .member = "FormPreviousHeight", .gives = "number: the height in window state 0"},
-    {.object = activeForm, .member = "FormPreviousWidth", .gives = "number: the width in window state 0"},
     {.object = activeForm, .member = "editor", .gives = "the drawing surface"},
     {.object = activeForm, .member = "formCmbZoom", .gives = "the form with the zoom's combo box"},
     {.object = zoomForm, .member = "cmbZoom", .gives = "the combo box"},

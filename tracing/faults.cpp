@@ -10,6 +10,7 @@
 #include "host/errors.h"
 #include "tracing/branch.h"
 #include "tracing/exceptions.h"
+#include "tracing/options.h"
 #include "tracing/report.h"
 #include "tracing/thread_stack.h"
 
@@ -130,6 +131,7 @@ constinit thread_local int InLibrary::depth = 0;
 constinit thread_local std::uintptr_t InLibrary::stackLimit = UINTPTR_MAX;
 
 void InLibrary::enter(std::uintptr_t here) {
+    vbwInitialize();  // the library's first use
     const ThreadStack& stack = ThreadStack::ofThisThread();
     stackLimit = stack.limit();
     if (active && here < stackLimit && stack.contains(here)) raiseException(Exception::stackOverflow);

@@ -20,8 +20,7 @@ Value stackCalls() {
 void vbwSetOptions() { vbwCommon = Common{}; }
 
 void vbwInitialize() {
-    if (vbwIsInitialized) return;
-    vbwIsInitialized = true;
+    if (vbwIsInitialized.exchange(true)) return;
     vbwSetOptions();
     const Application& application = environment().application;
     // The backslash stands on every platform; opening a file takes it as a separator.

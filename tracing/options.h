@@ -1,6 +1,7 @@
 #pragma once
 // The options of tracing, the state of the error handler, and the start routine.
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -9,8 +10,8 @@
 
 namespace canvas::tracing {
 
-/// The options of the process, with the defaults of the product build. Set them before the library is used, or
-/// between its calls: nothing here is locked.
+/// The options of the process, with the defaults of the product build. Set them after `vbwInitialize`, which gives each
+/// its default, and between the library's calls: nothing here is locked.
 struct Common {
     bool vbwException = true;        ///< install the filter of machine faults
     bool vbwTraceProc = false;       ///< trace procedure entry and exit
@@ -42,13 +43,14 @@ struct ErrHandler {
 };
 inline thread_local ErrHandler vbwErrHandler;
 
-inline bool vbwIsInitialized = false;
+inline std::atomic<bool> vbwIsInitialized = false;
 
 /// Gives every option its default.
 void vbwSetOptions();
 
 /// The start routine: sets the options, names the log and the dump after the application of this thread's environment,
-/// and installs the filter of machine faults. Runs once; later calls do nothing.
+/// and installs the filter of machine faults. Runs once, at the library's first use when nobody has called it before;
+/// later calls do nothing.
 void vbwInitialize();
 
 /// Hands out the members of vbwCommon and vbwErrHandler in their order, under their full names.

@@ -10,7 +10,8 @@
 
 namespace canvas::testing {
 
-/// One setting. The row's columns are left out where the setting has no row, as position and file place are.
+/// One setting. The row's columns are left out where the setting has no row, as position and file place are; a row or
+/// a position whose text the class works out has no property.
 struct Setting {
     const char* property = "";
     Value preset{};
@@ -30,6 +31,16 @@ struct Setting {
     bool cellChecked = true;
     bool programChecked = true;
     bool storesTyped = false;  ///< a committed cell keeps the text as typed, not the checker's normal form
+
+    /// A flag's two texts on the panel, that of True first, where they are not "True" and "False".
+    std::vector<std::string> shows{};
+
+    std::string shownAs(const std::string& text) const {
+        return shows.empty() ? text : shows[text == "True" ? 0 : 1];
+    }
+    std::string keptAs(const std::string& shown) const {
+        return shows.empty() ? shown : shown == shows[0] ? "True" : "False";
+    }
 };
 
 struct BlockCase {
@@ -44,6 +55,8 @@ struct BlockCase {
     bool wholePanel = true;                 ///< false: UpdateMatrix is empty
     bool anyFileNumber = false;             ///< AssignFromFile stores whatever the number
     std::vector<std::string> otherItems{};  ///< what GetComboItem gives for any row that has no items of its own
+    bool plainRecord = false;  ///< true: offers nothing of the protocol
+    bool ownRules = false;     ///< true: edits and program check are its own way, tested beside it
 
     int rows() const { return highest(&Setting::row) + 1; }
     int properties() const { return highest(&Setting::position); }
@@ -78,13 +91,18 @@ Ref<AttributeObject> created() {
 }
 
 const std::vector<BlockCase>& axisMotionCases();
+const std::vector<BlockCase>& couplingCases();
 const std::vector<BlockCase>& flowCases();
+const std::vector<BlockCase>& listCases();
 const std::vector<BlockCase>& plainCases();
+const std::vector<BlockCase>& programControlCases();
+const std::vector<BlockCase>& recordCases();
 
 /// Every class that there is.
 inline std::vector<BlockCase> allCases() {
     std::vector<BlockCase> all;
-    for (const auto* group : {&axisMotionCases(), &flowCases(), &plainCases()})
+    for (const auto* group : {&axisMotionCases(), &couplingCases(), &flowCases(), &listCases(), &plainCases(),
+                              &programControlCases(), &recordCases()})
         all.insert(all.end(), group->begin(), group->end());
     return all;
 }

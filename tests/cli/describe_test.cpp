@@ -21,7 +21,8 @@ struct Answer {
 
 Answer describe(const std::string& arguments) {
     Answer answer;
-    const std::string line = std::string(CANVAS_CLI) + " describe " + arguments + " 2>&1";
+    std::string line = CANVAS_CLI;
+    line.append(" describe ").append(arguments).append(" 2>&1");
     std::FILE* pipe = popen(line.c_str(), "r");
     std::array<char, 4096> buffer{};
     for (std::size_t n; (n = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) answer.text.append(buffer.data(), n);
@@ -30,7 +31,9 @@ Answer describe(const std::string& arguments) {
 }
 
 std::string page(const std::string& fileName) {
-    std::ifstream file(std::string(CANVAS_SOURCE_DIR) + "/docs/blocks/" + fileName, std::ios::binary);
+    std::string path = CANVAS_SOURCE_DIR;
+    path.append("/docs/blocks/").append(fileName);
+    std::ifstream file(path, std::ios::binary);
     std::stringstream text;
     text << file.rdbuf();
     return text.str();

@@ -11,7 +11,9 @@ using namespace fixture;
 struct BlockCol : Drawing {
     Ref<clsBVTBlockCol> blocks = make<clsBVTBlockCol>();
 
-    Ref<clsBVTBlock> put(std::int16_t id, std::int16_t type = MOVEAXIS) const { return blocks->Add(*newBlock(id, type)); }
+    Ref<clsBVTBlock> put(std::int16_t id, std::int16_t type = MOVEAXIS) const {
+        return blocks->Add(*newBlock(id, type));
+    }
     std::string order() const {
         std::string ids;
         const auto walk = blocks->enumerate();
@@ -30,7 +32,7 @@ TEST_F(BlockCol, StoresACopyAndGivesIt) {
     EXPECT_FALSE(stored == mine);
     EXPECT_EQ(wiring(*stored), "to 9,-1 used 1,0 from 3b");
     mine->strBlockLabel = "changed";
-    mine->inPort(0).blnFromTopPort = true;
+    mine->ColFromBlockID()->at(1).toObject()->put("FromTopPort", true);
     mine->BVTAttribute()->put("Deceleration", "8");
     EXPECT_EQ(stored->strBlockLabel, "mine");
     EXPECT_EQ(wiring(*stored), "to 9,-1 used 1,0 from 3b");
@@ -145,6 +147,16 @@ TEST_F(BlockCol, ClearedItIsEmptyAndTakesTheSameKeysAgain) {
     EXPECT_EQ(order(), "");
     EXPECT_NE(put(5), nullptr);
     EXPECT_EQ(told(), Texts{});
+}
+
+TEST_F(BlockCol, AWalkThatHasBegunStaysWithTheBlocksBeforeAClear) {
+    put(5), put(2);
+    const auto walk = blocks->enumerate();
+    Value item;
+    ASSERT_TRUE(walk->next(item));
+    blocks->Clear();
+    ASSERT_TRUE(walk->next(item)) << "a new collection takes the place of the old one";
+    EXPECT_EQ(item.toObject()->get("BlockID"), Value(std::int16_t{2}));
 }
 
 TEST_F(BlockCol, ABlockWithoutAttributeCannotBeCopiedAndThatIsTold) {

@@ -32,7 +32,7 @@ TEST_F(Block, HasThePortsOfItsType) {
         std::int16_t type;
         bool dual, noIn, noOut;
     } cases[] = {
-        {MOVEAXIS, false, false, false}, {HOMEAXIS, true, false, false}, {PROGRAMSTART, false, true, false},
+        {MOVEAXIS, false, false, false},  {HOMEAXIS, true, false, false}, {PROGRAMSTART, false, true, false},
         {PROGRAMEND, false, false, true}, {NodeText, false, true, true},
     };
     for (const auto& c : cases) {
@@ -74,22 +74,22 @@ TEST_F(Block, ASourceIsTakenOnceAndKeepsItsFirstPort) {
 
 TEST_F(Block, ASourceIsKeyedByTheTextOfItsID) {
     block->AddFromBlockID(12, false);
-    const Value* entry = block->intColFromBlockID->find("12");
+    const Value* entry = block->ColFromBlockID()->find("12");
     ASSERT_NE(entry, nullptr);
     EXPECT_EQ(entry->toObject()->get("BlockID"), Value(12.0F));
     EXPECT_EQ(entry->toObject()->get("FromTopPort"), Value(false));
 }
 
 TEST_F(Block, SourcesAreFoundByTheirFloatingPointID) {
-    block->intColFromBlockID->Add(Value(make<clsBVTInPort>(2.5F, true)), "2");
-    block->intColFromBlockID->Add(Value(make<clsBVTInPort>(3.0F, true)), "elsewhere");
+    block->ColFromBlockID()->Add(Value(make<clsBVTInPort>(2.5F, true)), "2");
+    block->ColFromBlockID()->Add(Value(make<clsBVTInPort>(3.0F, true)), "elsewhere");
     EXPECT_FALSE(block->AlreadyExist(2));
     EXPECT_TRUE(block->AlreadyExist(3)) << "whatever its key";
     EXPECT_FALSE(block->AlreadyExist(4));
 }
 
 TEST_F(Block, AKeyThatAHostHasTakenCannotBeTakenAgain) {
-    block->intColFromBlockID->Add(Value(make<clsBVTInPort>(2.5F, true)), "2");
+    block->ColFromBlockID()->Add(Value(make<clsBVTInPort>(2.5F, true)), "2");
     EXPECT_EQ(raisedBy([&] { block->AddFromBlockID(2, true); }), 457);
     EXPECT_EQ(block->GetFromBlockCount(), 1);
 }
@@ -133,7 +133,7 @@ TEST_F(Block, OneSourceIsRemovedAndAnAbsentOneIsNoFailure) {
 }
 
 TEST_F(Block, ASourceWithoutItsKeyCannotBeRemovedAndThatIsTold) {
-    block->intColFromBlockID->Add(Value(make<clsBVTInPort>(6.0F, true)));
+    block->ColFromBlockID()->Add(Value(make<clsBVTInPort>(6.0F, true)));
     block->RemoveFromBlockID(6);
     EXPECT_EQ(told(), Texts{"clsBVTBlock.RemoveFromBlockID(): [5] Invalid procedure call or argument"});
     EXPECT_EQ(block->GetFromBlockCount(), 1);
@@ -141,10 +141,10 @@ TEST_F(Block, ASourceWithoutItsKeyCannotBeRemovedAndThatIsTold) {
 
 TEST_F(Block, ClearingTheSourcesBeginsANewCollection) {
     block->AddFromBlockID(3, true);
-    const Ref<Collection> before = block->intColFromBlockID;
+    const Ref<Collection> before = block->ColFromBlockID();
     block->ClearFromBlockID();
     EXPECT_EQ(block->GetFromBlockCount(), 0);
-    EXPECT_FALSE(block->intColFromBlockID == before);
+    EXPECT_FALSE(block->ColFromBlockID() == before);
     EXPECT_EQ(before->Count(), 1);
 }
 
@@ -192,8 +192,8 @@ TEST_F(Block, ACopySharesNothingWithItsOriginal) {
     block->setBlockType(ABORTMOTION);
     block->AddFromBlockID(3, false);
     const Ref<clsBVTBlock> copy = block->IsTheSame();
-    EXPECT_FALSE(copy->intColFromBlockID == block->intColFromBlockID);
-    copy->inPort(0).blnFromTopPort = true;
+    EXPECT_FALSE(copy->ColFromBlockID() == block->ColFromBlockID());
+    copy->ColFromBlockID()->at(1).toObject()->put("FromTopPort", true);
     copy->BVTAttribute()->put("Deceleration", "9");
     EXPECT_EQ(wiring(*block), "to -1,-1 used 0,0 from 3b");
     EXPECT_EQ(block->BVTAttribute()->get("Deceleration"), Value("0.0"));
@@ -201,10 +201,20 @@ TEST_F(Block, ACopySharesNothingWithItsOriginal) {
 
 TEST_F(Block, ACopyKeysItsSourcesByTheTextOfTheFloatingPointID) {
     block->setBlockType(ABORTMOTION);
-    block->intColFromBlockID->Add(Value(make<clsBVTInPort>(2.5F, true)), "mine");
+    block->ColFromBlockID()->Add(Value(make<clsBVTInPort>(2.5F, true)), "mine");
     const Ref<clsBVTBlock> copy = block->IsTheSame();
-    EXPECT_NE(copy->intColFromBlockID->find("2.5"), nullptr);
-    EXPECT_EQ(copy->intColFromBlockID->find("mine"), nullptr);
+    EXPECT_NE(copy->ColFromBlockID()->find("2.5"), nullptr);
+    EXPECT_EQ(copy->ColFromBlockID()->find("mine"), nullptr);
+}
+
+TEST_F(Block, ACopyOfAnUnknownTypeTellsSoAgain) {
+    block->setBlockType(28);
+    block->setBVTAttribute(foreignAttribute());
+    told();
+    const Ref<clsBVTBlock> copy = block->IsTheSame();
+    EXPECT_EQ(told(), Texts{"clsBVTGetBlockObject.GetObject: [91] Object variable not set"});
+    EXPECT_EQ(copy->BlockType(), 28);
+    EXPECT_EQ(copy->BVTAttribute()->className(), "Foreign");
 }
 
 TEST_F(Block, OnlyADualOutputBlockCountsAsASelfEdge) {

@@ -1,6 +1,5 @@
 #include "tests/document/fixture.h"
 #include "tests/host/raised.h"
-#include "tracing/handler.h"
 
 namespace canvas {
 namespace {
@@ -138,7 +137,7 @@ TEST_F(CanvasEdges, ARefusalIsOnlyLoweredByRemoveEdge) {
     join(3, 1);
     EXPECT_TRUE(join(3, 4));
     EXPECT_TRUE(document->blnCanvasDeleteEdge);
-    document->RemoveEdge(*newEdge(3, 4)) /* meant as a genuine removal */;
+    document->RemoveEdge(*newEdge(3, 4));  // meant as a genuine removal
     EXPECT_EQ(wiring(3), "to 4,-1 used 1,0 from") << "but the flag makes it a no-op";
     EXPECT_FALSE(document->blnCanvasDeleteEdge);
     document->RemoveEdge(*newEdge(3, 4));
@@ -229,6 +228,22 @@ TEST_F(CanvasEdges, ASourceOfTwoWhoseTopLeadsElsewhereLosesItsBottomUnasked) {
     EXPECT_EQ(wiring(5), "to 3,-1 used 1,0 from");
 }
 
+TEST_F(CanvasEdges, ASourceOfOneOutputLosesItWhereverItLeads) {
+    join(3, 4);
+    at(5).AddFromBlockID(3, true);
+    document->RemoveBlock(5);
+    EXPECT_EQ(wiring(3), "to -1,-1 used 0,0 from");
+    EXPECT_EQ(wiring(4), "to -1,-1 used 0,0 from 3t");
+}
+
+TEST_F(CanvasEdges, ATargetOfAnOutputThatIsNotMarkedUsedIsPassedOver) {
+    join(5, 3, true), join(5, 4, false);
+    at(5).blnTopPortUsed = at(5).blnBottomPortUsed = false;
+    document->RemoveBlock(5);
+    EXPECT_EQ(wiring(3), "to -1,-1 used 0,0 from 5t");
+    EXPECT_EQ(wiring(4), "to -1,-1 used 0,0 from 5b");
+}
+
 TEST_F(CanvasEdges, AnOutputMarkedUsedThatLeadsNowhereIsPassedOver) {
     at(3).blnTopPortUsed = at(3).blnBottomPortUsed = true;
     EXPECT_TRUE(document->RemoveBlock(3));
@@ -258,9 +273,9 @@ TEST_F(CanvasEdges, SelectPortTellsThePortByTheHeightOfTheClick) {
         std::int16_t middle, clicked, mode;
         bool bottom;
     } cases[] = {
-        {100, 99, BottomToTop, true},   {100, 100, BottomToTop, true},  {100, 101, BottomToTop, false},
-        {100, 99, TopTobottom, false},  {100, 100, TopTobottom, false}, {100, 101, TopTobottom, true},
-        {-32768, 32767, 2, false},      {32767, -32768, -1, true},
+        {100, 99, BottomToTop, true},  {100, 100, BottomToTop, true},  {100, 101, BottomToTop, false},
+        {100, 99, TopTobottom, false}, {100, 100, TopTobottom, false}, {100, 101, TopTobottom, true},
+        {-32768, 32767, 2, false},     {32767, -32768, -1, true},
     };
     for (const auto& c : cases) {
         document->SelectPort(c.middle, c.clicked, c.mode);

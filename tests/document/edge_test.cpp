@@ -29,10 +29,18 @@ TEST(Edge, PropertiesStoreAndReturn) {
         std::string_view name;
         Value value;
     } cases[] = {
-        {"fromX", std::int32_t{100000}}, {"fromY", std::int32_t{-2}}, {"toX", std::int32_t{3}},
-        {"toY", std::int32_t{4}},        {"FromBlockID", std::int16_t{5}}, {"ToBlockID", std::int16_t{-1}},
-        {"Name", "no"},                  {"TopEdge", true},           {"UserID", std::int16_t{32767}},
-        {"UserName", "host"},            {"SourceNode", position},    {"DestinationNode", position},
+        {"fromX", std::int32_t{100000}},
+        {"fromY", std::int32_t{-2}},
+        {"toX", std::int32_t{3}},
+        {"toY", std::int32_t{4}},
+        {"FromBlockID", std::int16_t{5}},
+        {"ToBlockID", std::int16_t{-1}},
+        {"Name", "no"},
+        {"TopEdge", true},
+        {"UserID", std::int16_t{32767}},
+        {"UserName", "host"},
+        {"SourceNode", position},
+        {"DestinationNode", position},
     };
     for (const auto& c : cases) {
         edge->put(c.name, c.value);

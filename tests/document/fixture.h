@@ -16,6 +16,7 @@
 #include "document/catalogue.h"
 #include "host/composed.h"
 #include "host/ports.h"
+#include "tests/attributes/print.h"
 
 namespace canvas::fixture {
 
@@ -116,15 +117,12 @@ inline Ref<clsBVTEdge> newEdge(std::int16_t from, std::int16_t to, bool top = tr
 
 /// "to 4,-1 used 1,0 from 3t 7b": both outputs, their flags, and the sources with the port they leave.
 inline std::string wiring(const clsBVTBlock& block) {
-    std::string text = "to " + std::to_string(block.intToFirstBlockID) + ',' + std::to_string(block.intToSecondBlockID) +
-                       " used " + (block.blnTopPortUsed ? "1," : "0,") + (block.blnBottomPortUsed ? '1' : '0') + " from";
+    std::string text = "to " + std::to_string(block.intToFirstBlockID) + ',' +
+                       std::to_string(block.intToSecondBlockID) + " used " + (block.blnTopPortUsed ? "1," : "0,") +
+                       (block.blnBottomPortUsed ? '1' : '0') + " from";
     for (std::size_t i = 0; i < block.inPortCount(); ++i)
         text += ' ' + Value(block.inPort(i).sngBlockID).toText() + (block.inPort(i).blnFromTopPort ? 't' : 'b');
     return text;
-}
-
-inline std::string wiring(const clsBVTCanvas& document, std::int16_t id) {
-    return wiring(document.BlockCollection->byKey(id));
 }
 
 /// An attribute of another library: copies are itself, its file line ends in "0 ", and it offers what a test adds.
@@ -172,7 +170,8 @@ struct Drawing : ::testing::Test {
     bool join(std::int16_t from, std::int16_t to, bool top = true) const {
         return document->AddEdge(*newEdge(from, to, top));
     }
-    std::string wiring(std::int16_t id) const { return fixture::wiring(at(id)); }
+    std::string wiring(std::int16_t id) const { return wiring(at(id)); }
+    static std::string wiring(const clsBVTBlock& block) { return fixture::wiring(block); }
 };
 
 }  // namespace canvas::fixture

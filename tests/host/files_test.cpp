@@ -77,7 +77,7 @@ TEST_F(DiskReading, WhatIsNoFileIsRefusedWithoutWaiting) {
 TEST_F(DiskReading, AMissingFileIsNotFound) {
     put(folder / "file", "x");
     EXPECT_EQ(readError(folder / "none"), 53);
-    EXPECT_EQ(readError(folder / "none/none"), 53);
+    EXPECT_EQ(readError(folder / "none/none"), 76);
     EXPECT_EQ(readError(folder / "file/none"), 76);
 }
 

@@ -32,8 +32,6 @@ const std::vector<std::pair<std::string, std::vector<Named>>> expected{
       {"Top"},
       {"Height"},
       {"Width"},
-      {"FormPreviousHeight"},
-      {"FormPreviousWidth"},
       {"editor"},
       {"formCmbZoom"}}},
     {"Zoom form", {{"cmbZoom"}}},

@@ -1,45 +1,11 @@
-#include "attributes/program_control.h"
-
-#include "attributes/validation.h"
-#include "host/convert.h"
-#include "host/numbers.h"
+#include "attributes/tasks.h"
 #include "host/ports.h"
-#include "host/text.h"
-#include "tracing/branch.h"
 
 namespace canvas {
 
-using tracing::Flow;
+using namespace tasks;
 using tracing::Locals;
 using tracing::Procedure;
-
-namespace {
-
-constexpr std::string_view programWord = "Program ";
-
-std::string decimal(std::int32_t number) { return numbers::textOf(number); }
-
-std::string_view flagText(bool flag) { return choiceItems[flag ? 0 : 1]; }
-
-/// A statement about one entry, with an error branch of its own.
-template <class Statement>
-void entry(const Object& self, std::string_view procedure, std::int16_t Index, Statement&& statement) {
-    Procedure run(self.className(), procedure, &self, [&](Locals& l) { l("Index", Index); });
-    run(statement);
-}
-
-/// "Program 1" and so on for the tasks that are there, onto a host's collection.
-template <class IsThere>
-void addPrograms(Object& colItem, IsThere&& isThere) {
-    for (std::int16_t i = 1; i <= taskCount; ++i)
-        if (isThere(i)) invoke(colItem, "Add", std::string(programWord) + decimal(i));
-}
-
-Ref<Object> taskAt(Object& project, std::int16_t zeroBased) {
-    return invoke(*objectAt(project, "TaskList"), "GetTaskAt", zeroBased).toObject();
-}
-
-}  // namespace
 
 namespace restart_program {
 using Self = clsBVTRestartProgram;
@@ -71,18 +37,7 @@ const AttributeClass clsBVTRestartProgram::table = canvas::attributeClass({.name
                                                                            .operations = restart_program::operations});
 
 void clsBVTRestartProgram::setTaskName(Ref<Object> names) {
-    std::int16_t i = 0;
-    Procedure run(className(), "TaskName", this, [&](Locals& l) {
-        l("names", names);
-        l("i", i);
-    });
-    run([&] {
-        forEach(required(names), [&](const Value& item) {
-            ++i;
-            strArTask[i] = item.toText();
-            return true;
-        });
-    });
+    takeNames(*this, names, [&](std::int16_t i, std::string name) { strArTask[i] = std::move(name); });
 }
 
 bool clsBVTRestartProgram::ArChkTask(std::int16_t Index) const {
@@ -135,8 +90,7 @@ void clsBVTRestartProgram::storePanel(std::int16_t row, std::string_view text) {
 
 bool clsBVTRestartProgram::GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) {
     if (iIndex != restart_program::program) return Attribute::GetComboItem(iIndex, colItem);
-    entry(*this, "GetComboItem", iIndex,
-          [&] { addPrograms(required(colItem), [&](std::int16_t i) { return !strArTask[i].empty(); }); });
+    addPrograms(*this, colItem, [&](std::int16_t i) { return !strArTask[i].empty(); });
     return false;
 }
 
@@ -184,18 +138,14 @@ bool clsBVTRestartProgram::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, s
     const auto checkOne = [&] {
         Object& project = required(SyntaxValidation);
         const Ref<Object> task = taskAt(project, i);
-        if (required(task).get("IsTaskDefined").toBoolean()) {
+        if (task->get("IsTaskDefined").toBoolean()) {
             checkTask(project, *task, static_cast<std::int16_t>(i + 1), lngBlockID, strSyntaxMessage);
         } else if (blnArTask[i + 1]) {
             blnArTask[i + 1] = false;
             result = false;
         }
     };
-    run([&] {
-        for (i = 0; i < taskCount; ++i)
-            if (run(checkOne) == Flow::leave) return Flow::leave;
-        return Flow::next;
-    });
+    run([&] { return eachTask(run, i, 0, checkOne); });
     return result;
 }
 
@@ -212,136 +162,6 @@ void clsBVTRestartProgram::reportVariables(VariableSink& sink) const {
     sink.variable("strArTask", Value(arrayOf("String", strArTask.entries(), 1)));
     sink.variable("blnArTask", Value(arrayOf("Boolean", blnArTask.entries(), 1)));
     sink.variable("intArBlockNumber", Value(arrayOf("Integer", intArBlockNumber.entries(), 1)));
-    sink.variable("iSelected", iSelected);
-    Attribute::reportVariables(sink);
-}
-
-namespace suspend_program {
-using Self = clsBVTSuspendProgram;
-enum Row : std::int16_t { program, suspend };
-constexpr Field fields[]{
-    {.row = program, .label = "ProgramList", .tip = "Select one of the defined programs.",
-     .builder = brxDisableBuilder, .display = brxComboBox, .type = brxChoice, .cellChecked = false},
-    {.row = suspend, .label = "Suspend", .tip = "Returns/sets whether to suspend selected program.",
-     .builder = brxDisableBuilder, .display = brxComboBox, .type = brxChoice, .list = &choice, .cellChecked = false},
-};
-constexpr Member operations[]{
-    property<&Self::TaskCount, nullptr>("TaskCount"),
-    property<nullptr, &Self::setTaskName>("TaskName"),
-    method<&Self::ArTaskExist>("ArTaskExist"),
-    method<&Self::SetArTaskExist>("SetArTaskExist"),
-    method<&Self::ArTask>("ArTask"),
-    method<&Self::SetArTask>("SetArTask"),
-    method<static_cast<bool (Self::*)(std::int16_t)>(&Self::UpdateMatrix)>("UpdateMatrix"),
-};
-}  // namespace suspend_program
-const AttributeClass clsBVTSuspendProgram::table = canvas::attributeClass({.name = "clsBVTSuspendProgram",
-                                                                           .fields = suspend_program::fields,
-                                                                           .operations = suspend_program::operations});
-
-void clsBVTSuspendProgram::setTaskName(Ref<Object> names) {
-    std::int16_t i = 1;
-    Procedure run(className(), "TaskName", this, [&](Locals& l) {
-        l("names", names);
-        l("i", i);
-    });
-    run([&] {
-        for (i = 1; i <= taskCount; ++i) {
-            const auto takeOne = [&] {
-                blnArTaskExist[i] = !invoke(required(names), "Item", std::int32_t{i}).toText().empty();
-            };
-            if (run(takeOne) == Flow::leave) return Flow::leave;
-        }
-        return Flow::next;
-    });
-}
-
-bool clsBVTSuspendProgram::ArTaskExist(std::int16_t Index) const {
-    bool result = false;
-    entry(*this, "ArTaskExist", Index, [&] { result = blnArTaskExist[Index]; });
-    return result;
-}
-void clsBVTSuspendProgram::SetArTaskExist(std::int16_t Index, bool state) {
-    entry(*this, "SetArTaskExist", Index, [&] { blnArTaskExist[Index] = state; });
-}
-bool clsBVTSuspendProgram::ArTask(std::int16_t Index) const {
-    bool result = false;
-    entry(*this, "ArTask", Index, [&] { result = blnArTask[Index]; });
-    return result;
-}
-void clsBVTSuspendProgram::SetArTask(std::int16_t Index, bool state) {
-    entry(*this, "SetArTask", Index, [&] { blnArTask[Index] = state; });
-}
-bool clsBVTSuspendProgram::UpdateMatrix(std::int16_t i) {
-    iSelected = i;
-    return false;
-}
-
-std::string clsBVTSuspendProgram::rowText(std::int16_t row) const {
-    if (row == suspend_program::program) return std::string(programWord) + decimal(iSelected + 1);
-    return std::string(flagText(blnArTask[iSelected + 1]));
-}
-
-void clsBVTSuspendProgram::storePanel(std::int16_t row, std::string_view text) {
-    if (row == suspend_program::suspend) blnArTask[iSelected + 1] = text == choiceItems[0];
-}
-
-bool clsBVTSuspendProgram::GetComboItem(std::int16_t& iIndex, Ref<Object>& colItem) {
-    if (iIndex != suspend_program::program) return Attribute::GetComboItem(iIndex, colItem);
-    entry(*this, "GetComboItem", iIndex,
-          [&] { addPrograms(required(colItem), [&](std::int16_t i) { return blnArTaskExist[i]; }); });
-    return false;
-}
-
-std::string clsBVTSuspendProgram::GetPropertyAt(std::int16_t iIndex) {
-    return iIndex < 1 || iIndex > taskCount ? std::string() : std::string(flagText(blnArTask[iIndex]));
-}
-
-void clsBVTSuspendProgram::appendTo(std::string& line) const {
-    numbers::append(line, taskCount);
-    for (const bool suspends : blnArTask.entries()) line += suspends ? " 1" : " 0";
-}
-
-void clsBVTSuspendProgram::AssignFromFile(std::int16_t intVarNum, std::string_view strNewValue) {
-    if (intVarNum < 1 || intVarNum > taskCount) return;
-    entry(*this, "AssignFromFile", intVarNum, [&] { blnArTask[intVarNum] = numbers::toBoolean(strNewValue); });
-}
-
-bool clsBVTSuspendProgram::PropertiesSyntaxCheck(Ref<Object> SyntaxValidation, std::int32_t lngBlockID,
-                                                 std::string& strSyntaxMessage) {
-    bool result = true;
-    std::int16_t i = 0;
-    Procedure run(className(), "PropertiesSyntaxCheck", this, [&](Locals& l) {
-        l("SyntaxValidation", SyntaxValidation);
-        l("lngBlockID", lngBlockID);
-        l("strSyntaxMessage", strSyntaxMessage);
-        l("i", i);
-    });
-    const auto checkOne = [&] {
-        const bool defined = required(taskAt(required(SyntaxValidation), i)).get("IsTaskDefined").toBoolean();
-        if (defined || !blnArTask[i + 1]) return;
-        blnArTask[i + 1] = false;
-        result = false;
-    };
-    run([&] {
-        for (i = 0; i < taskCount; ++i)
-            if (run(checkOne) == Flow::leave) return Flow::leave;
-        return Flow::next;
-    });
-    return result;
-}
-
-bool clsBVTSuspendProgram::sameProperties(Object& other) const {
-    for (std::int16_t i = 1; i <= taskCount; ++i)
-        if (invoke(other, "ArTask", i).toBoolean() != blnArTask[i] ||
-            invoke(other, "ArTaskExist", i).toBoolean() != blnArTaskExist[i])
-            return false;
-    return true;
-}
-
-void clsBVTSuspendProgram::reportVariables(VariableSink& sink) const {
-    sink.variable("blnArTask", Value(arrayOf("Boolean", blnArTask.entries(), 1)));
-    sink.variable("blnArTaskExist", Value(arrayOf("Boolean", blnArTaskExist.entries(), 1)));
     sink.variable("iSelected", iSelected);
     Attribute::reportVariables(sink);
 }
