@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/check_folders.h"
 #include "cli/check_report.h"
 #include "cli/commands.h"
 #include "cli/inputs.h"
@@ -31,6 +32,7 @@ int check(const Options& options, Console& console) {
         ProgressLine line(inputs.files.size(), !options.quiet);
         reports = checkFiles(inputs.files, options.jobs, [&](std::size_t done) { line.show(done); });
     }
+    checkFolders(reports);
     if (options.json) {
         console.print(jsonOf(reports));
     } else {

@@ -56,6 +56,7 @@ private:
             CheckedProgram checked = checkProgramFile(report.file);
             report.readable = checked.readable;
             report.findings = std::move(checked.findings);
+            report.links = std::move(checked.links);
         } catch (const std::exception& error) {
             report.internalError = error.what();
         } catch (...) {

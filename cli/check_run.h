@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "document/findings.h"
+#include "document/program_links.h"
 
 namespace canvas::cli {
 
@@ -13,6 +14,7 @@ struct FileReport {
     std::string file;
     bool readable = true;
     std::vector<Finding> findings;
+    ProgramLinks links;
     std::string internalError;  ///< what ended the check of this file; empty when nothing did
 
     bool isGood() const noexcept { return findings.empty() && internalError.empty(); }

@@ -24,7 +24,7 @@ int show(const Options& options, Console& console) {
     CheckedProgram program = checkProgramFile(file);
     if (!program.readable) {
         console.tell(
-            textOf({.file = file, .readable = false, .findings = std::move(program.findings), .internalError = {}}));
+            textOf({.file = file, .readable = false, .findings = std::move(program.findings), .links = {}, .internalError = {}}));
         return unreadableInput;
     }
     console.print((options.json ? programJson : programPage)(*program.document, file));

@@ -30,6 +30,14 @@ constexpr RuleRow rows[] = {
     {Rule::connection, "connection", "The connection check calls the block wrongly connected."},
     {Rule::noStart, "no-start", "Block 1 is not the Start block."},
     {Rule::noEnd, "no-end", "Block 2 is not the End block."},
+    {Rule::noSubroutine, "no-subroutine", "A Call Subroutine block for which no file was chosen."},
+    {Rule::outsideFolder, "outside-folder",
+     "A name that leads out of the folder or names no file: absolute, \"..\", drive, device, stream."},
+    {Rule::missingSubroutine, "missing-subroutine", "A called subroutine is not in the folder."},
+    {Rule::recursiveSubroutine, "recursive-subroutine", "A program calls itself, also through other subroutines."},
+    {Rule::title, "title", "The title of a called subroutine is not that of its file."},
+    {Rule::missingTask, "missing-task", "A task that is not defined, or whose program is not in the folder."},
+    {Rule::launchBlock, "launch-block", "A task is launched at a block that its program does not have."},
     {Rule::message, "message", "Reading the line drew a message box that no other rule accounts for."},
 };
 

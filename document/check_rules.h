@@ -30,6 +30,13 @@ enum class Rule : std::uint8_t {
     connection,
     noStart,
     noEnd,
+    noSubroutine,
+    outsideFolder,
+    missingSubroutine,
+    recursiveSubroutine,
+    title,
+    missingTask,
+    launchBlock,
     message,
 };
 

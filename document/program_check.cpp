@@ -53,6 +53,7 @@ public:
     void run();
     bool readable() const noexcept { return m_failures == 0; }
     std::vector<Finding> take() { return m_findings.take(); }
+    ProgramLinks takeLinks() { return std::move(m_links); }
 
     void line(int number, std::string_view text) override;
     void block(int number, const clsBVTBlock& block, std::string_view declared, int values) override;
@@ -75,6 +76,7 @@ private:
     Lines m_lines;
     const std::string m_currentVersion = environment().utility->FileFormatVersion();
     Findings m_findings;
+    ProgramLinks m_links;
     ValueShapes m_shapes;
     BlockPlaces m_places;
 
@@ -192,7 +194,10 @@ void Check::block(int, const clsBVTBlock& block, std::string_view, int) {
                            " already; this line is dropped");
     }
     checkPortFlags(block, m_number, m_findings);
-    if (m_verdict.inPlace) checkValues(block, m_number, m_findings);
+    if (m_verdict.inPlace) {
+        checkValues(block, m_number, m_findings);
+        m_links.take(m_number, block, m_line);
+    }
 }
 
 void Check::settleLine() {
@@ -247,7 +252,7 @@ void Check::finish() {
 }  // namespace
 
 CheckedProgram checkProgram(std::string bytes) {
-    CheckedProgram checked{.document = make<clsBVTCanvas>(), .readable = true, .findings = {}};
+    CheckedProgram checked{.document = make<clsBVTCanvas>(), .readable = true, .findings = {}, .links = {}};
     const auto boxes = std::make_shared<Boxes>();
     Environment quiet = environment();
     quiet.interaction = boxes;
@@ -260,6 +265,8 @@ CheckedProgram checkProgram(std::string bytes) {
     check.run();
     checked.readable = check.readable();
     checked.findings = check.take();
+    checked.links = check.takeLinks();
+    checked.links.takeBlocks(*checked.document->BlockCollection);
     return checked;
 }
 
@@ -270,7 +277,8 @@ CheckedProgram checkProgramFile(const std::string& path) {
     } catch (const RuntimeError& error) {
         return {.document = make<clsBVTCanvas>(),
                 .readable = false,
-                .findings = {{.line = 0, .block = 0, .rule = Rule::unreadable, .reason = whyNotOpened(error)}}};
+                .findings = {{.line = 0, .block = 0, .rule = Rule::unreadable, .reason = whyNotOpened(error)}},
+                .links = {}};
     }
     return checkProgram(std::move(bytes));
 }

@@ -11,6 +11,7 @@
 
 #include "document/canvas.h"
 #include "document/findings.h"
+#include "document/program_links.h"
 
 namespace canvas {
 
@@ -18,6 +19,7 @@ struct CheckedProgram {
     Ref<clsBVTCanvas> document;  ///< never null; after a failed reading it holds the blocks before the failure
     bool readable = true;
     std::vector<Finding> findings;  ///< by line
+    ProgramLinks links;             ///< for the check of a folder, document/project_check.h
 };
 
 /// Checks the bytes of a program file. When the reading fails, blocks are not compared with each other, and lines
