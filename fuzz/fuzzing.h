@@ -13,6 +13,9 @@
 
 namespace canvas::fuzz {
 
+/// Longer inputs are passed over: they only take time that shorter ones use better.
+inline constexpr std::size_t longestInput = 16384;
+
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }

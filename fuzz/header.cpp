@@ -47,6 +47,7 @@ void check(std::string_view input) {
 }  // namespace canvas::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size > canvas::fuzz::longestInput) return 0;
     canvas::fuzz::interaction();
     canvas::fuzz::check(canvas::fuzz::textOf(data, size));
     return 0;

@@ -9,9 +9,9 @@ namespace canvas::testing {
 inline Outcome commitAdvanced(IBlockAttribute& block, int row, Ref<Object> texts, Ref<Object> checker) {
     Outcome out;
     Ref<Object> general;
-    out.result = block.UpdateMatrix(false, static_cast<std::int16_t>(row), general, texts, out.strError, out.iIndex,
-                                    checker, out.selStart, out.selLength, out.dataType, out.isLValue, out.value,
-                                    out.FormattedText);
+    out.result =
+        block.UpdateMatrix(false, static_cast<std::int16_t>(row), general, texts, out.strError, out.iIndex, checker,
+                           out.selStart, out.selLength, out.dataType, out.isLValue, out.value, out.FormattedText);
     return out;
 }
 

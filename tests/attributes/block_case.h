@@ -35,9 +35,7 @@ struct Setting {
     /// A flag's two texts on the panel, that of True first, where they are not "True" and "False".
     std::vector<std::string> shows{};
 
-    std::string shownAs(const std::string& text) const {
-        return shows.empty() ? text : shows[text == "True" ? 0 : 1];
-    }
+    std::string shownAs(const std::string& text) const { return shows.empty() ? text : shows[text == "True" ? 0 : 1]; }
     std::string keptAs(const std::string& shown) const {
         return shows.empty() ? shown : shown == shows[0] ? "True" : "False";
     }
@@ -55,8 +53,8 @@ struct BlockCase {
     bool wholePanel = true;                 ///< false: UpdateMatrix is empty
     bool anyFileNumber = false;             ///< AssignFromFile stores whatever the number
     std::vector<std::string> otherItems{};  ///< what GetComboItem gives for any row that has no items of its own
-    bool plainRecord = false;  ///< true: offers nothing of the protocol
-    bool ownRules = false;     ///< true: edits and program check are its own way, tested beside it
+    bool plainRecord = false;               ///< true: offers nothing of the protocol
+    bool ownRules = false;                  ///< true: edits and program check are its own way, tested beside it
 
     int rows() const { return highest(&Setting::row) + 1; }
     int properties() const { return highest(&Setting::position); }

@@ -54,7 +54,8 @@ TEST_F(CamData, HandsThePresentPointsOver) {
     host.table("Cam1", "cam1.txt");
     block->strFirstCAM_X = 1, block->strFirstCAM_Y = 2, block->strLastCAM_X = 3, block->strLastCAM_Y = -70000;
     compute();
-    EXPECT_EQ(host.before, (std::vector<Value>{std::int32_t{1}, std::int32_t{2}, std::int32_t{3}, std::int32_t{-70000}}));
+    EXPECT_EQ(host.before,
+              (std::vector<Value>{std::int32_t{1}, std::int32_t{2}, std::int32_t{3}, std::int32_t{-70000}}));
 }
 
 TEST_F(CamData, ABaseAddressIsHandedOnAsItIs) {

@@ -119,14 +119,10 @@ TEST(Cam, FindsItsTwoNamesInAListByTheirFileNumbers) {
         bool first;
         bool fifth;
     } rows[]{
-        {"Cam1", "Speeds", {"Cam1", "Speeds"}, true, true},
-        {"Cam1", "Speeds", {"Other", "Cam1"}, true, false},
-        {"Cam1", "Speeds", {"Speeds", "Other"}, false, true},
-        {"Cam1", "Speeds", {}, false, false},
-        {"Cam1  ", " Speeds ", {" Cam1", "Speeds  "}, true, true},
-        {"cam1", "SPEEDS", {"Cam1", "Speeds"}, false, false},
-        {"Cam", "Speed", {"Cam1", "Speeds"}, false, false},
-        {"", "", {"  "}, true, true},
+        {"Cam1", "Speeds", {"Cam1", "Speeds"}, true, true},        {"Cam1", "Speeds", {"Other", "Cam1"}, true, false},
+        {"Cam1", "Speeds", {"Speeds", "Other"}, false, true},      {"Cam1", "Speeds", {}, false, false},
+        {"Cam1  ", " Speeds ", {" Cam1", "Speeds  "}, true, true}, {"cam1", "SPEEDS", {"Cam1", "Speeds"}, false, false},
+        {"Cam", "Speed", {"Cam1", "Speeds"}, false, false},        {"", "", {"  "}, true, true},
     };
     for (const auto& row : rows) {
         const auto block = make<clsBVTCAMOnOff>();

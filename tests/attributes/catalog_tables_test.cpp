@@ -130,8 +130,7 @@ TEST_P(BlockClass, FillMatrixShowsThePresentFields) {
     for (const Setting* setting : rows())
         EXPECT_EQ(shown(*setting), setting->shownAs(setting->preset.toText())) << setting->label;
     object->FillMatrix();
-    for (const Setting* setting : rows())
-        EXPECT_EQ(shown(*setting), setting->shownAs(setting->read)) << setting->label;
+    for (const Setting* setting : rows()) EXPECT_EQ(shown(*setting), setting->shownAs(setting->read)) << setting->label;
 }
 
 TEST_P(BlockClass, CountsAndHandsOutItsProperties) {

@@ -2,7 +2,6 @@
 // line may be added behind a class's own members, and none may change.
 
 #include <algorithm>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -209,7 +208,8 @@ constexpr const char* protocolMembers = R"(
 class Listing {
 public:
     void add(std::string_view name, std::string_view kind, int arguments) {
-        m_text << ' ' << ++m_number << ' ' << name << ' ' << kind << ' ' << arguments << '\n';
+        m_text += ' ' + std::to_string(++m_number) + ' ' + std::string(name) + ' ' + std::string(kind) + ' ' +
+                  std::to_string(arguments) + '\n';
     }
     void add(std::span<const Member> members) {
         for (const Member& member : members) {
@@ -219,10 +219,10 @@ public:
             EXPECT_FALSE(member.isDefault) << member.name << ": a block attribute has no default member";
         }
     }
-    std::string text() const { return m_text.str(); }
+    const std::string& text() const noexcept { return m_text; }
 
 private:
-    std::ostringstream m_text;
+    std::string m_text;
     int m_number = 0;
 };
 

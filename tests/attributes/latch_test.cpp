@@ -70,8 +70,8 @@ TEST(Latch, APanelComparesBothTexts) {
         bool main;
         bool latch;
     } rows[]{
-        {"Main", "True", true, true},      {"External", "False", false, false}, {"main", "true", false, false},
-        {"True", "1", false, false},       {"Main", "False", true, false},      {"", "True", false, true},
+        {"Main", "True", true, true}, {"External", "False", false, false}, {"main", "true", false, false},
+        {"True", "1", false, false},  {"Main", "False", true, false},      {"", "True", false, true},
     };
     for (const auto& row : rows) {
         const auto block = make<clsBVTLatchOnOff>();

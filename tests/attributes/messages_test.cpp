@@ -47,8 +47,9 @@ TEST(MessageIn, KeepsAVariableAndATimeAsTyped) {
 }
 
 TEST(PlainRecords, AreNoPartOfThePanel) {
-    for (const Ref<Object>& block : {Ref<Object>(make<clsBVTMessageIn>()), Ref<Object>(make<clsBVTMessageOut>()),
-                                     Ref<Object>(make<clsBVTAdvancedGearing>()), Ref<Object>(make<clsBVTAdvancedCAM>())}) {
+    for (const Ref<Object>& block :
+         {Ref<Object>(make<clsBVTMessageIn>()), Ref<Object>(make<clsBVTMessageOut>()),
+          Ref<Object>(make<clsBVTAdvancedGearing>()), Ref<Object>(make<clsBVTAdvancedCAM>())}) {
         SCOPED_TRACE(std::string(block->className()));
         for (const char* operation : {"FillMatrix", "MatrixRow", "MatrixCol", "GetNumOfProperties", "IsAdvancedOn"}) {
             EXPECT_EQ(raisedBy([&] { block->call(operation); }), 438) << operation;

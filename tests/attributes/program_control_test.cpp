@@ -227,8 +227,7 @@ TEST(SuspendProgram, KnowsATaskByItsName) {
     const auto block = make<clsBVTSuspendProgram>();
     EXPECT_EQ(comboItems(*block, 0), Texts());
     block->put("TaskName", namesOf({"", "Loader", "", "", "", "", " ", "Rest"}));
-    for (std::int16_t task = 1; task <= 8; ++task)
-        EXPECT_EQ(block->ArTaskExist(task), task == 2 || task >= 7) << task;
+    for (std::int16_t task = 1; task <= 8; ++task) EXPECT_EQ(block->ArTaskExist(task), task == 2 || task >= 7) << task;
     EXPECT_EQ(comboItems(*block, 0), (Texts{"Program 2", "Program 7", "Program 8"}));
     EXPECT_EQ(comboItems(*block, 1), (Texts{"True", "False"}));
     for (const int row : {-1, 2, 3}) EXPECT_EQ(comboItems(*block, row), Texts()) << row;

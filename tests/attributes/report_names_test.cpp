@@ -48,8 +48,8 @@ TEST(ReportNames, EveryFieldHasItsOwn) {
         {make<clsBVTAdvancedGearing>(), {"strFeedForwardGain"}},
         {make<clsBVTCAMOnOff>(),
          {"CAMType", "blnAdvanced", "blnCAM", "blockmatrix", "choice", "colCAMTableList", "strCAMProfileTable",
-          "strFeedForwardGain", "strFirstCAM_X", "strFirstCAM_Y", "strLastCAM_X", "strLastCAM_Y", "strMasterAxisMaxCycle",
-          "strMasterPosition", "strSpeedFeedForwardAddress"}},
+          "strFeedForwardGain", "strFirstCAM_X", "strFirstCAM_Y", "strLastCAM_X", "strLastCAM_Y",
+          "strMasterAxisMaxCycle", "strMasterPosition", "strSpeedFeedForwardAddress"}},
         {make<clsBVTScaleCAM>(), {"blockmatrix", "strScaleFactor"}},
         {make<clsBVTCAMShift>(), {"blnWaitForCompletion", "blockmatrix", "choice", "strOffset", "strTime"}},
         {make<clsBVTAdvancedCAM>(),
@@ -58,11 +58,13 @@ TEST(ReportNames, EveryFieldHasItsOwn) {
         {make<clsBVTLatchTarget>(),
          {"blnWaitForCompletion", "blockmatrix", "choice", "strAcceleration", "strDeceleration", "strDefaultDistance",
           "strDistanceAfterLatch", "strLatchFinishDistance", "strLatchStartDistance", "strVelocity"}},
-        {make<clsBVTRestartProgram>(), {"blnArTask", "blockmatrix", "choice", "iSelected", "intArBlockNumber", "strArTask"}},
+        {make<clsBVTRestartProgram>(),
+         {"blnArTask", "blockmatrix", "choice", "iSelected", "intArBlockNumber", "strArTask"}},
         {make<clsBVTSuspendProgram>(), {"blnArTask", "blnArTaskExist", "blockmatrix", "choice", "iSelected"}},
         {make<clsBVTSuperBlock>(),
          {"SubroutineFilenameCol", "SubroutineFiletitleCol", "blockmatrix", "strDocumentName", "strName", "strTitle"}},
-        {make<clsBVTSetVariable>(), {"arExpressions", "arVariables", "blockmatrix", "iSelected", "strArray", "strVariable"}},
+        {make<clsBVTSetVariable>(),
+         {"arExpressions", "arVariables", "blockmatrix", "iSelected", "strArray", "strVariable"}},
         {make<clsBVTProgrammableLimitSwitch>(),
          {"arSwitches", "blockmatrix", "choice", "iSelected", "strArray", "strMasterVariable", "strVariable"}},
         {make<clsBVTMessageIn>(), {"strTimeOut", "strUserVariable"}},
@@ -124,7 +126,8 @@ TEST(ReportNames, AFailingProcedureShowsItsArguments) {
     const auto suspend = make<clsBVTSuspendProgram>();
     suspend->SetArTaskExist(1, true);
 
-    const Names checking{"SyntaxValidation", "lngBlockID", "strSyntaxMessage"}, offering{"colItem"};
+    const Names checking{"SyntaxValidation", "lngBlockID"},
+        asking{"SyntaxValidation", "lngBlockID", "strSyntaxMessage"}, offering{"colItem"};
     const struct {
         const char* what;
         std::function<void()> run;
@@ -132,8 +135,8 @@ TEST(ReportNames, AFailingProcedureShowsItsArguments) {
     } rows[]{
         {"assignments", [&] { check(*list); }, checking},
         {"switches", [&] { check(*switches); }, checking},
-        {"launch", [&] { check(*launch); }, checking},
-        {"suspend", [&] { check(*suspend); }, checking},
+        {"launch", [&] { check(*launch); }, asking},
+        {"suspend", [&] { check(*suspend); }, asking},
         {"names", [&] { offer(*list, 1); }, offering},
         {"states", [&] { offer(*switches, 2); }, offering},
         {"tables", [&] { offer(*cam, 0); }, offering},
@@ -145,9 +148,11 @@ TEST(ReportNames, AFailingProcedureShowsItsArguments) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         tracing::Surroundings surroundings;
-        tracing::ScriptedHandler handler({tracing::Answer::report, tracing::Answer::leave});
+        std::vector<tracing::Answer> answers(32, tracing::Answer::leave);
+        answers.front() = tracing::Answer::report;
+        tracing::ScriptedHandler handler(answers);
         row.run();
-        EXPECT_EQ(handler.asked.size(), 2u);
+        EXPECT_GE(handler.asked.size(), 2u) << "once more behind the report";
         for (const std::string& name : row.names) EXPECT_TRUE(surroundings.wrote(name)) << name;
     }
 }

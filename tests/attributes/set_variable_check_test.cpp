@@ -52,9 +52,9 @@ TEST_F(AssignmentCheck, EveryAssignmentLeavesTheTypesOfItsSides) {
     variable("A", 8), variable("B", 4);
     checker.verdicts["x"].dataType = 48;
     EXPECT_EQ(records("A=x;B=2;"), "(7,1)ƒ8ƒ48@(7,2)ƒ4ƒ16@");
-    EXPECT_EQ(checker.calls, (Calls{"checkexpression(A,7,0)", "GetResult", "GetResult", "checkexpression(x,7,0)",
-                                    "GetResult", "checkexpression(B,7,1)", "GetResult", "GetResult",
-                                    "checkexpression(2,7,1)", "GetResult"}))
+    EXPECT_EQ(checker.calls,
+              (Calls{"checkexpression(A,7,0)", "GetResult", "GetResult", "checkexpression(x,7,0)", "GetResult",
+                     "checkexpression(B,7,1)", "GetResult", "GetResult", "checkexpression(2,7,1)", "GetResult"}))
         << "positions that the checker sees count from 0, those of records from 1";
 }
 
@@ -83,7 +83,8 @@ TEST_F(AssignmentCheck, ABadSideIsToldAndItsTypeIsZero) {
     checker.verdicts["x +"] = bad("Operand missing");
     EXPECT_EQ(records("A=x +;"), "Error:  (7,1) Operand missing@(7,1)ƒ8ƒ0@");
     EXPECT_EQ(records("x +=y;"), "Error:  (7,1) Operand missing@(7,1)ƒ0ƒ16@");
-    EXPECT_EQ(checker.calls, (Calls{"checkexpression(x +,7,0)", "GetErrorInfo", "checkexpression(y,7,0)", "GetResult"}));
+    EXPECT_EQ(checker.calls,
+              (Calls{"checkexpression(x +,7,0)", "GetErrorInfo", "checkexpression(y,7,0)", "GetResult"}));
     EXPECT_EQ(records("A=1;x +=x +;"),
               "(7,1)ƒ8ƒ16@Error:  (7,2) Operand missing@Error:  (7,2) Operand missing@(7,2)ƒ0ƒ0@");
 }
@@ -105,9 +106,9 @@ TEST_F(AssignmentCheck, ALiteralBitFitsABooleanVariable) {
         const char* list;
         const char* record;
     } rows[]{
-        {"Flag=1;", "(7,1)ƒ1ƒ1@"},   {"Flag=0;", "(7,1)ƒ1ƒ1@"},   {"Flag=2;", "(7,1)ƒ1ƒ4@"},
-        {"Flag= 1;", "(7,1)ƒ1ƒ4@"},  {"Flag=01;", "(7,1)ƒ1ƒ4@"},  {"Flag=1.0;", "(7,1)ƒ1ƒ4@"},
-        {"Flag=11;", "(7,1)ƒ1ƒ4@"},  {"Flag=;", "(7,1)ƒ1ƒ4@"},    {"Count=1;", "(7,1)ƒ4ƒ4@"},
+        {"Flag=1;", "(7,1)ƒ1ƒ1@"},  {"Flag=0;", "(7,1)ƒ1ƒ1@"},  {"Flag=2;", "(7,1)ƒ1ƒ4@"},
+        {"Flag= 1;", "(7,1)ƒ1ƒ4@"}, {"Flag=01;", "(7,1)ƒ1ƒ4@"}, {"Flag=1.0;", "(7,1)ƒ1ƒ4@"},
+        {"Flag=11;", "(7,1)ƒ1ƒ4@"}, {"Flag=;", "(7,1)ƒ1ƒ4@"},   {"Count=1;", "(7,1)ƒ4ƒ4@"},
     };
     for (const auto& row : rows) EXPECT_EQ(records(row.list), row.record) << row.list;
     checker.verdicts["1"] = bad("Not today");

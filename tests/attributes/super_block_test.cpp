@@ -58,12 +58,9 @@ TEST_F(CallSubroutine, AFilesNameComesBackInTheCurrentFolder) {
         const char* read;
         const char* name;
     } rows[]{
-        {".\\sub.bpa", "C:\\Project\\sub.bpg"},
-        {".\\sub.bpg", "C:\\Project\\sub.bpg"},
-        {".\\größe.bpa", "C:\\Project\\größe.bpg"},
-        {".\\sub.bpä", "C:\\Project\\sub.bpg"},
-        {".\\a.b.bpa", "C:\\Project\\a.b.bpg"},
-        {"", ""},
+        {".\\sub.bpa", "C:\\Project\\sub.bpg"},     {".\\sub.bpg", "C:\\Project\\sub.bpg"},
+        {".\\größe.bpa", "C:\\Project\\größe.bpg"}, {".\\sub.bpä", "C:\\Project\\sub.bpg"},
+        {".\\a.b.bpa", "C:\\Project\\a.b.bpg"},     {"", ""},
     };
     for (const auto& row : rows) {
         fill("before", "title");
@@ -109,10 +106,10 @@ TEST_F(CallSubroutine, ItIsRecursiveWhenItCallsItsOwnDocument) {
         const char* document;
         bool recursive;
     } rows[]{
-        {"Main", " MAIN ", true},      {"  main.bpg", "Main.BPG  ", true},
-        {"Main", "Main.bpg", false},   {"Main", "C:\\Project\\Main", false},
-        {"Größe", "GRÖSSE", false},    {"größe ä", "GRößE Ä", true},
-        {"Ma in", "Main", false},      {"Main", "", false},
+        {"Main", " MAIN ", true},    {"  main.bpg", "Main.BPG  ", true},
+        {"Main", "Main.bpg", false}, {"Main", "C:\\Project\\Main", false},
+        {"Größe", "GRÖSSE", false},  {"größe ä", "GRößE Ä", true},
+        {"Ma in", "Main", false},    {"Main", "", false},
         {"", "Main", false},
     };
     for (const auto& row : rows) {
@@ -129,8 +126,9 @@ TEST_F(CallSubroutine, AProgramCheckWantsATitleThatIsNotItsOwn) {
     EXPECT_EQ(checked(), "Error:  (12,1) Empty Expression@");
     block->setDocumentName("Main.bpg");
     block->strTitle = "main.bpg ";
-    EXPECT_EQ(checked(),
-              "Error:  (12,1) This block calls the program or subroutine contains it, creating a recursive reference.@");
+    EXPECT_EQ(
+        checked(),
+        "Error:  (12,1) This block calls the program or subroutine contains it, creating a recursive reference.@");
     block->strTitle = "sub.bpg";
     EXPECT_EQ(checked(), "");
 }

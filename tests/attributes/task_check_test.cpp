@@ -150,8 +150,8 @@ TEST_F(TaskCheck, EveryMemberThatTheHostLacksFails) {
 }
 
 TEST_F(TaskCheck, AnObjectThatIsNotSetFails) {
-    for (AttributeObject* block : {static_cast<AttributeObject*>(launch.get()),
-                                   static_cast<AttributeObject*>(suspend.get())}) {
+    for (AttributeObject* block :
+         {static_cast<AttributeObject*>(launch.get()), static_cast<AttributeObject*>(suspend.get())}) {
         TaskProject spoilt;
         EXPECT_EQ(raisedBy([&] { block->PropertiesSyntaxCheck(nullptr, 12, message); }), 91);
         spoilt.tasks[0] = nullptr;
@@ -205,9 +205,9 @@ TEST_F(TaskCheck, WorksByNameUnderBothNames) {
     launch->SetArChkTask(1, true);
     for (const char* name : {"PropertiesSyntaxCheck", "IBlockAttribute_PropertiesSyntaxCheck"}) {
         launch->SetArChkTask(1, true);
-        EXPECT_EQ(invoke(static_cast<Object&>(*launch), name, Ref<Object>(host.project), std::int32_t{12},
-                         std::ref(message)),
-                  Value(false));
+        EXPECT_EQ(
+            invoke(static_cast<Object&>(*launch), name, Ref<Object>(host.project), std::int32_t{12}, std::ref(message)),
+            Value(false));
         EXPECT_FALSE(launch->ArChkTask(1));
     }
 }

@@ -31,7 +31,9 @@ struct TaskProject {
 
     /// The task at a place from 0 is there, with its file.
     Composed& define(std::size_t place, std::string name, std::string title) {
-        return tasks.at(place)->property("IsTaskDefined", true).property("TaskName", std::move(name))
+        return tasks.at(place)
+            ->property("IsTaskDefined", true)
+            .property("TaskName", std::move(name))
             .property("TaskTitle", std::move(title));
     }
 };

@@ -10,6 +10,14 @@
 namespace canvas {
 namespace {
 
+program::Said check(std::string folder, bool quiet) {
+    folder.insert(0, CANVAS_SOURCE_DIR "/examples/");
+    std::vector<std::string> words{"check"};
+    if (quiet) words.emplace_back("-q");
+    words.push_back(std::move(folder));
+    return program::run(words);
+}
+
 /// "file:line rule" of each finding in what the program printed.
 std::set<std::string> findingsIn(const std::string& out) {
     std::set<std::string> found;
@@ -27,7 +35,7 @@ std::set<std::string> findingsIn(const std::string& out) {
 }
 
 TEST(CheckFolders, NamesEveryFaultOfTheDamagedProjectAndNothingElse) {
-    const auto said = program::run({"check", "-q", std::string(CANVAS_SOURCE_DIR) + "/examples/broken_project"});
+    const auto said = check("broken_project", true);
     EXPECT_EQ(said.code, 1);
     const std::set<std::string> expected{
         "tasks.txt:4 missing-task",
@@ -66,7 +74,7 @@ TEST(CheckFolders, NamesEveryFaultOfTheDamagedProjectAndNothingElse) {
 }
 
 TEST(CheckFolders, FindsNothingInTheGoodProject) {
-    const auto said = program::run({"check", std::string(CANVAS_SOURCE_DIR) + "/examples/packaging_line"});
+    const auto said = check("packaging_line", false);
     EXPECT_EQ(said.code, 0);
     EXPECT_EQ(said.out, "10 files checked: 10 good\n");
 }

@@ -45,6 +45,7 @@ TEST_P(CheckRule, GivesItsFindingsAndExitCode) {
     const scratch::Folder folder;
     const std::string file = folder / "case.bpa";
     scratch::put(file, edited(GetParam().edits));
+    scratch::put(folder / "park.bpa", edited({}));  // the subroutine that a case calls
     const auto said = run({"check", "--quiet", file});
     const auto& expected = GetParam().findings;
     EXPECT_THAT(briefly(said.out, file), ::testing::ElementsAreArray(expected)) << said.out;

@@ -4,12 +4,11 @@
 
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "document/catalogue.h"
+#include "tests/host/scratch.h"
 
 namespace canvas {
 namespace {
@@ -31,12 +30,7 @@ Answer describe(const std::string& arguments) {
 }
 
 std::string page(const std::string& fileName) {
-    std::string path = CANVAS_SOURCE_DIR;
-    path.append("/docs/blocks/").append(fileName);
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return scratch::bytesOf(std::string(CANVAS_SOURCE_DIR) + "/docs/blocks/" + fileName);
 }
 
 std::string fileNameOf(std::string_view displayName) {

@@ -1,5 +1,6 @@
 // Files that are no good programs: none may do harm, each ends in a result, and in a box where it failed.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 

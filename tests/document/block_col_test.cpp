@@ -49,6 +49,15 @@ TEST_F(BlockCol, KeepsTheOrderOfAdding) {
     EXPECT_EQ(order(), "5 9 2 ");
 }
 
+TEST_F(BlockCol, NewEnumWalksInOrder) {
+    for (const std::int16_t id : Ids{5, 2, 9}) put(id);
+    const auto walk = required(blocks->call("NewEnum").toObject()).enumerate();
+    ASSERT_NE(walk, nullptr);
+    std::string ids;
+    for (Value item; walk->next(item);) ids += item.toObject()->get("BlockID").toText() + ' ';
+    EXPECT_EQ(ids, "5 2 9 ");
+}
+
 TEST_F(BlockCol, AnIDThatIsTakenIsToldAndGivesNothing) {
     put(5);
     EXPECT_EQ(put(5, IFEVENT), nullptr);

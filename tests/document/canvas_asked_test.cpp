@@ -1,5 +1,7 @@
 // Failures that a person answers: what is repeated, passed over or left, and with which result.
 
+#include <functional>
+
 #include "tests/document/fixture.h"
 #include "tests/host/raised.h"
 #include "tests/tracing/fakes.h"
@@ -59,6 +61,19 @@ TEST_F(CanvasAsked, AnIndexOutsideTheTableIsPassedOver) {
     EXPECT_EQ(handler.asked[0].number, 9);
     EXPECT_EQ(handler.asked[0].procedure, "MakeAvailableBlockID");
     EXPECT_EQ(handler.asked[1].procedure, "BlockName");
+}
+
+TEST_F(CanvasAsked, ACallBlockThatFailsIsPassedOverAndTheNextOneSeen) {
+    document->strName = "press.bpg";
+    for (const std::int16_t id : Ids{5, 6}) {
+        const auto attribute = foreignAttribute();
+        attribute->property("title", id == 5 ? "x" : "press.bpg");
+        addForeign(id, SUPERBLOCK, attribute);
+    }
+    ScriptedHandler handler({Answer::ignore});
+    EXPECT_TRUE(document->Recursive());
+    ASSERT_EQ(handler.asked.size(), 1U);
+    EXPECT_EQ(handler.asked[0].procedure, "Recursive");
 }
 
 TEST_F(CanvasAsked, FailuresWithABoxOfTheirOwnAskNobody) {

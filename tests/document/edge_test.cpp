@@ -132,6 +132,10 @@ TEST(EdgeCol, IsWalkedInOrderAndCleared) {
     const auto walk = edges->enumerate();
     for (Value item; walk->next(item);) order += item.toObject()->get("FromBlockID").toText() + ' ';
     EXPECT_EQ(order, "4 1 3 ");
+    const auto again = required(edges->call("NewEnum").toObject()).enumerate();
+    Value first;
+    ASSERT_TRUE(again && again->next(first));
+    EXPECT_EQ(first, Value(edges->Item(std::int16_t{1})));
     edges->Clear();
     EXPECT_EQ(edges->Count(), 0);
 }

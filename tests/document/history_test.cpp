@@ -1,5 +1,7 @@
 #include "document/history.h"
 
+#include <functional>
+
 #include "tests/document/fixture.h"
 
 namespace canvas {

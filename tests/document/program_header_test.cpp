@@ -1,5 +1,7 @@
 // Reading: the name of the file, the version, and the window.
 
+#include <array>
+
 #include "host/utility.h"
 #include "tests/document/reading.h"
 

@@ -1,12 +1,10 @@
-// References from one program to others: subroutines that are called, tasks that are launched, tables of cams.
+// References from one program to others: subroutines that are called, tasks that are launched.
 
 #include "document/references.h"
 
 #include <array>
 
-#include "attributes/cam.h"
-#include "tests/attributes/cam_host.h"
-#include "tests/attributes/task_project.h"
+#include "attributes/program_control.h"
 #include "tests/document/fixture.h"
 #include "tests/host/raised.h"
 
@@ -122,8 +120,8 @@ TEST_F(References, AnAttributeOfAnotherLibraryIsAskedByName) {
         });
     addForeign(3, RESTARTPROGRAM, foreign);
     document->UpdateRestartProgram(statusOf({true, false, true, true, true, true, true, false}));
-    EXPECT_EQ(calls, (Texts{"SetArChkTask 2 False", "SetArBlockNumber 2 1", "SetArChkTask 8 False",
-                            "SetArBlockNumber 8 1"}));
+    EXPECT_EQ(calls,
+              (Texts{"SetArChkTask 2 False", "SetArBlockNumber 2 1", "SetArChkTask 8 False", "SetArBlockNumber 8 1"}));
     foreign->without("SetArBlockNumber");
     EXPECT_EQ(raisedBy([&] { document->UpdateRestartProgram(statusOf({})); }), 438);
 }
@@ -147,9 +145,15 @@ TEST_F(References, ASubroutineIsFoundByItsTitleWithoutRegardToCase) {
         const char* oldName;
         bool found;
     } rows[]{
-        {"Sub.bpg", "SUB.bpg", true},        {"sub.bpg", "C:/lib/Sub.BPG", true}, {"größe.bpg", "GRÖßE.bpg", true},
-        {"sub.bpg", "sub", false},           {"sub.bpg", "sub.bpg ", false},      {" sub.bpg", "sub.bpg", false},
-        {"C:\\p\\sub.bpg", "sub.bpg", false}, {"sub.bpg", "", false},             {"", "", true},
+        {"Sub.bpg", "SUB.bpg", true},
+        {"sub.bpg", "C:/lib/Sub.BPG", true},
+        {"größe.bpg", "GRÖßE.bpg", true},
+        {"sub.bpg", "sub", false},
+        {"sub.bpg", "sub.bpg ", false},
+        {" sub.bpg", "sub.bpg", false},
+        {"C:\\p\\sub.bpg", "sub.bpg", false},
+        {"sub.bpg", "", false},
+        {"", "", true},
     };
     addCall(3, "", "");
     for (const auto& row : rows) {
@@ -171,151 +175,6 @@ TEST_F(References, OnlyCallsAreRenamed) {
     foreign->without("title");
     EXPECT_EQ(raisedBy([&] { document->ReplaceThisSuperBlock("sub.bpg", "x.bpg"); }), 438);
     EXPECT_EQ(document->call("UpdateSuperBlock"), Value(false));
-}
-
-/// A launch block and the programs of a project on a disk in memory.
-struct LaunchCheck : References {
-    testing::TaskProject host;
-    std::string message;
-
-    /// Block 12 launches the first task at a block.
-    clsBVTRestartProgram& launchFirstAt(std::int16_t block) const {
-        add(12, RESTARTPROGRAM);
-        launch(12).SetArChkTask(1, true), launch(12).SetArBlockNumber(1, block);
-        return launch(12);
-    }
-    bool check() { return launch(12).PropertiesSyntaxCheck(host.project, 12, message); }
-    void program(const std::string& name, const std::string& blocks) const {
-        disk->contents[name] =
-            "VERSION_NUMBER 200\r\nNUM_BLOCKS 1\r\nWINDOW_PARAMS_DEFINE 0 0 1 1 100% 0 0 0\r\n" + blocks;
-    }
-    static constexpr const char* block5 = "BLOCK_DEFINE 5 10 \"Reset\" -1 -1 0 \"\" 0 0 0 0 0 \r\n";
-    static constexpr const char* noBlock7 = "  (12,1) Error: BlockID 7 does not exist in 'Loader'.@";
-};
-
-TEST_F(LaunchCheck, ABlockOfTheProgramIsFound) {
-    host.define(0, "D:\\p\\Loader.bpg", "Loader");
-    program("D:\\p\\Loader.bpa", block5);
-    launchFirstAt(5);
-    EXPECT_TRUE(check());
-    EXPECT_EQ(message, "");
-    EXPECT_EQ(told(), Texts{});
-}
-
-TEST_F(LaunchCheck, ABlockThatTheProgramLacksIsRecorded) {
-    host.define(0, "D:\\p\\Loader.bpg", "Loader");
-    program("D:\\p\\Loader.bpa", block5);
-    launchFirstAt(7);
-    EXPECT_TRUE(check());
-    EXPECT_EQ(message, noBlock7);
-    EXPECT_EQ(told(), Texts{}) << "the program itself was good";
-}
-
-TEST_F(LaunchCheck, AProgramThatCannotBeReadIsToldAndRecorded) {
-    host.define(0, "D:\\p\\Loader.bpg", "Loader");
-    launchFirstAt(7);
-    EXPECT_TRUE(check());
-    EXPECT_EQ(message, noBlock7);
-    EXPECT_EQ(boxes(), Texts{"critical|File Error|'D:\\p\\Loader.bpg' cannot be opened"});
-    EXPECT_EQ(disk->calls, Texts{"read D:\\p\\Loader.bpa"});
-}
-
-TEST_F(LaunchCheck, BlocksBeforeADamageCount) {
-    host.define(0, "Loader.bpg", "Loader");
-    program("Loader.bpa", std::string(block5) + "BLOCK_DEFINE x 10 \"Reset\" -1 -1 0 \"\" 0 0 0 0 0 \r\n");
-    launchFirstAt(5);
-    EXPECT_TRUE(check());
-    EXPECT_EQ(message, "");
-    EXPECT_EQ(boxes(), Texts{"critical|File Error|'Loader.bpg' cannot be opened"});
-}
-
-TEST_F(LaunchCheck, ATemporaryFilesNameIsReadLikeAnyOther) {
-    host.define(0, "D:\\p\\Loader.bpg", "Loader");
-    program("D:\\p\\Loader.bpa", block5);
-    disk->contents["C:\\Job\\Loader.bpg.tmp"] = "";
-    launchFirstAt(7);
-    EXPECT_TRUE(check());
-    EXPECT_EQ(disk->calls, Texts{"read C:\\Job\\Loader.bpg.bpa"}) << "its last four characters give way";
-    EXPECT_EQ(boxes(), Texts{"critical|File Error|'C:\\Job\\Loader.bpg.tmp' cannot be opened"});
-    EXPECT_EQ(message, noBlock7);
-    program("C:\\Job\\Loader.bpg.bpa", "BLOCK_DEFINE 7 10 \"Reset\" -1 -1 0 \"\" 0 0 0 0 0 \r\n");
-    message.clear();
-    EXPECT_TRUE(check());
-    EXPECT_EQ(message, "");
-}
-
-TEST_F(LaunchCheck, AStaleTaskLosesItsFlagInSilence) {
-    launchFirstAt(7);
-    EXPECT_FALSE(check());
-    EXPECT_EQ(message, "");
-    EXPECT_EQ(told(), Texts{});
-    EXPECT_FALSE(launch(12).ArChkTask(1));
-    EXPECT_EQ(launch(12).ArBlockNumber(1), 7) << "the number stays";
-}
-
-TEST_F(LaunchCheck, TheDocumentItselfIsLeftAlone) {
-    host.define(0, "Loader.bpg", "Loader");
-    program("Loader.bpa", block5);
-    launchFirstAt(5);
-    document->strName = "Main.bpg";
-    check();
-    EXPECT_EQ(document->GetBlockCount(), 1);
-    EXPECT_EQ(document->strName, "Main.bpg");
-    EXPECT_FALSE(document->blnChanged);
-}
-
-TEST_F(LaunchCheck, ACopyLooksIntoProgramsToo) {
-    host.define(0, "Loader.bpg", "Loader");
-    program("Loader.bpa", block5);
-    const auto copy = launchFirstAt(7).IsTheSame();
-    EXPECT_TRUE(copy->PropertiesSyntaxCheck(host.project, 12, message));
-    EXPECT_EQ(message, noBlock7);
-}
-
-/// A cam block in a document whose host has a project and a controller.
-struct SavedCam : References {
-    testing::CamHost host;
-    Ref<Composed> main = make<Composed>("frmMain");
-
-    void SetUp() override {
-        main->property("ActiveForm", Ref<Object>()).property("currentproject", host.project);
-        main->property("MPController", host.controller);
-        document->frmParentForm = main;
-        add(5, CAMONOFF, "Cam").BVTAttribute()->put("CAMProfileTable", "Cam1");
-        document->blnChanged = true;
-    }
-    std::string saved() const {
-        document->WriteFile("Main.bpg");
-        return disk->contents["Main.bpa"];
-    }
-    static constexpr const char* lineBegin = "BLOCK_DEFINE 5 6 \"Cam\" -1 -1 0 \"\" 0 0 0 0 11 \"Cam1\" \"0\" 1 0 \"Cam1\" "
-                                             "\"100.00\" \"300\" ";
-};
-
-TEST_F(SavedCam, HasThePointsOfItsTableInTheFile) {
-    host.table("Cam1", "cam1.txt");
-    EXPECT_TRUE(saved().ends_with(std::string(lineBegin) + R"("30" "40" "10" "20")" "\r\n")) << saved();
-    EXPECT_EQ(host.calls[0], "C:\\Job\\cam1.txt,4096");
-    EXPECT_EQ(told(), Texts{});
-    EXPECT_FALSE(document->blnChanged);
-}
-
-TEST_F(SavedCam, WithoutItsTableIsWrittenAsItIs) {
-    EXPECT_TRUE(saved().ends_with(std::string(lineBegin) + R"("0" "0" "0" "0")" "\r\n")) << saved();
-    EXPECT_EQ(told(), Texts{}) << "nobody looks at the result";
-    EXPECT_FALSE(document->blnChanged);
-}
-
-TEST_F(SavedCam, ThatCannotBeComputedFailsTheSave) {
-    host.table("Cam1", "cam1.txt");
-    disk->contents["Main.bpa"] = "the file before";
-    host.controller->without("getCAMdata");
-    EXPECT_EQ(saved(), "the file before");
-    EXPECT_EQ(boxes(), Texts{"information|Canvas.WriteFile|Cannot Compute Cam Data"});
-    EXPECT_TRUE(document->blnChanged);
-    main->without("MPController");
-    EXPECT_EQ(saved(), "the file before");
-    EXPECT_EQ(boxes(), Texts{"information|Canvas.WriteFile|Object doesn't support this property or method"});
 }
 
 }  // namespace

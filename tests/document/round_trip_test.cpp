@@ -1,6 +1,7 @@
 // What is written is what is read, for every whole example and for documents drawn at random.
 
 #include <random>
+#include <tuple>
 
 #include "host/text.h"
 #include "tests/document/reading.h"

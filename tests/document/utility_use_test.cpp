@@ -1,5 +1,7 @@
 // What reading, writing and checking ask of the outside Utility library, which a host may replace.
 
+#include <array>
+
 #include "host/utility.h"
 #include "tests/document/reading.h"
 #include "tests/host/scratch.h"
