@@ -30,7 +30,7 @@ Answer describe(const std::string& arguments) {
 }
 
 std::string page(const std::string& fileName) {
-    return scratch::bytesOf(std::string(CANVAS_SOURCE_DIR) + "/docs/blocks/" + fileName);
+    return scratch::bytesOf(CANVAS_SOURCE_DIR "/docs/blocks/" + fileName);
 }
 
 std::string fileNameOf(std::string_view displayName) {
