@@ -56,6 +56,7 @@ std::string placeName(std::int32_t place, std::int32_t sources, const AttributeC
                                                  "no-in-port flag",
                                                  "no-out-port flag",
                                                  "number of incoming connections"};
+    if (place < place::keyword) return "line";
     if (place <= place::inPorts) return std::string(names[place - 1]);
     const std::int32_t source = place - place::inPorts;
     if (source <= sources) return "incoming connection " + numbers::textOf(source);

@@ -7,6 +7,7 @@
 
 #include "attributes/plain.h"
 #include "document/attribute_calls.h"
+#include "document/block_line.h"
 #include "document/canvas.h"
 #include "document/catalogue.h"
 #include "document/tokens.h"
@@ -19,13 +20,12 @@
 namespace canvas {
 namespace {
 
+using namespace place;
+
 constexpr std::string_view pilcrow = "¶";
 constexpr std::string_view extensionOnDisk = ".bpa";
 constexpr std::size_t extensionLength = 4;
 constexpr std::size_t windowValues = 8;
-
-/// Places of a block line's tokens, from 1.
-enum Place { keyword = 1, blockId, blockType, label, toFirst, toSecond, userId, userName, dual, noIn, noOut, inPorts };
 
 template <class Integer>
 Integer whole(std::string_view token) {

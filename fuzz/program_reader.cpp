@@ -3,8 +3,6 @@
 
 #include "document/program_reader.h"
 
-#include <optional>
-
 #include "document/canvas.h"
 #include "document/catalogue.h"
 #include "document/program_writer.h"
@@ -42,23 +40,33 @@ bool canBeWritten(const std::string& bytes) {
     return true;
 }
 
-/// Nothing when the document holds a cam block, which is brought up to date by a host's main form.
-std::optional<std::string> bytesOf(clsBVTCanvas& document) {
+/// Whether a block is no more than its line says. A cam is brought up to date by a host's main form when it is written;
+/// a subroutine call without a title loses its name when it is read.
+bool isPlain(const clsBVTBlock& block) {
+    if (block.intBlockType == CAMONOFF) return false;
+    const auto isEmpty = [&](const char* property) { return block.vntAttribute->get(property).toText().empty(); };
+    return block.intBlockType != SUPERBLOCK || !isEmpty("title") || isEmpty("Name");
+}
+
+bool isPlain(const clsBVTCanvas& document) {
     const clsBVTBlockCol& blocks = *document.BlockCollection;
     for (std::size_t i = 0; i < blocks.size(); ++i)
-        if (blocks[i].intBlockType == CAMONOFF) return {};
-    return encoding::encode(programText(document));
+        if (!isPlain(blocks[i])) return false;
+    return true;
 }
+
+std::string bytesOf(clsBVTCanvas& document) { return encoding::encode(programText(document)); }
 
 void check(const std::string& bytes) {
     const Ref<clsBVTCanvas> first = documentOf(bytes);
     if (!first) return;
     std::string findings;
     first->CheckConnection(findings);
-    const std::optional<std::string> written = bytesOf(*first);
-    if (!written || !canBeWritten(bytes)) return;
+    if (!isPlain(*first)) return;
+    const std::string written = bytesOf(*first);
+    if (!canBeWritten(bytes)) return;
     const int boxes = interaction().boxes;
-    const Ref<clsBVTCanvas> second = documentOf(*written);
+    const Ref<clsBVTCanvas> second = documentOf(written);
     require(second != nullptr, "a program that was written can be read");
     require(interaction().boxes == boxes, "a program that was written is read without a box");
     require(bytesOf(*second) == written, "a program that was written and read is written as it was");

@@ -197,6 +197,13 @@ TEST(Gear, APanelsSecondTabTakesANumberAsAFactor) {
     }
 }
 
+TEST(Gear, AGainThatIsTooLargeForAPercentageFails) {
+    const auto block = make<clsBVTGearingOnOff>();
+    FakeChecker checker;
+    EXPECT_EQ(raisedBy([&] { commitAdvanced(*block, 0, panelOf({"1E307"}), checker.object()); }), 6);
+    EXPECT_EQ(block->strFeedForwardGain, "100");
+}
+
 TEST(Gear, APanelsSecondTabChecksTheCurrentRowAndStoresTheFirst) {
     const auto block = make<clsBVTGearingOnOff>();
     FakeChecker checker;

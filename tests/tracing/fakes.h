@@ -91,6 +91,7 @@ private:
 /// An environment with a dump "report.dmp" on a disk of lines, and options at their defaults.
 struct Surroundings {
     Surroundings() {
+        vbwInitialize();  // which the first procedure would run otherwise, over what is set here
         vbwSetOptions();
         vbwErrHandler = {};
         vbwCommon.vbwDumpFile = "report.dmp";
