@@ -34,7 +34,9 @@ TEST(Options, HaveTheDefaultsOfTheProductBuild) {
 class StartRoutine : public testing::Test {
 protected:
     void SetUp() override { vbwIsInitialized = false; }
-    void TearDown() override {
+    void SetUp() override { asBeforeTheFirstUse(); }
+    void TearDown() override { asBeforeTheFirstUse(); }
+    static void asBeforeTheFirstUse() {
         vbwUnHandleException();
         vbwIsInitialized = false;
     }
