@@ -218,6 +218,28 @@ TEST(Dispatch, TheInterfaceHasItsOwnPlainNames) {
     EXPECT_FALSE(ask<IDispatch>(create("clsBVTMessageIn").get(), IID_IBlockAttribute)) << "a plain record";
 }
 
+TEST(Dispatch, AWalkOutlivesItsCollection) {
+    for (const char* name : {"clsBVTBlockCol", "clsBVTEdgeCol"}) {
+        SCOPED_TRACE(name);
+        auto collection = create(name);
+        const std::string element = std::string(name).substr(0, std::string_view(name).size() - 3);
+        ASSERT_EQ(call(collection.get(), "Add", {Value([&] {
+            const auto block = create(element);
+            put(block.get(), "BVTAttribute", Value(objectBehind(create("clsBVTStart").get())));
+            return objectBehind(block.get());
+        }())}).result, S_OK);
+        DISPPARAMS none{};
+        OwnedVariant walk;
+        ASSERT_EQ(collection->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD, &none, &walk, nullptr, nullptr), S_OK);
+        const auto items = ask<IEnumVARIANT>(walk.punkVal, IID_IEnumVARIANT);
+        collection = {};
+        OwnedVariant item, end;
+        EXPECT_EQ(items->Next(1, &item, nullptr), S_OK);
+        EXPECT_EQ(valueOf(item).toObject()->className(), element);
+        EXPECT_EQ(items->Next(1, &end, nullptr), S_FALSE);
+    }
+}
+
 TEST(Dispatch, CollectionsAreWalkedAndIndexed) {
     const auto collection = make<Collection>();
     collection->Add(Value("a"), "first");
