@@ -2,6 +2,7 @@
 
 #include "attributes/attribute.h"
 #include "component/class_list.h"
+#include "component/enumerators.h"
 #include "component/events.h"
 #include "component/face.h"
 #include "component/failure.h"
@@ -71,6 +72,9 @@ HRESULT Dispatch::QueryInterface(REFIID riid, void** answer) {
     if (!answer) return E_POINTER;
     *answer = nullptr;
     return guarded([&] {
+        // What NewEnum gives is for walking: a walk of its own for each who asks.
+        if (riid == IID_IEnumVARIANT) *answer = enumeratorFor(*m_object).detach();
+        if (*answer) return S_OK;
         IUnknown* found = interfaceFor(riid);
         if (!found) return E_NOINTERFACE;
         AddRef();

@@ -71,11 +71,18 @@ private:
 
 }  // namespace
 
+Com<IEnumVARIANT> enumeratorFor(Object& object) {
+    Com<IEnumVARIANT> made;
+    if (object.enumerate()) *made.out() = new LibraryEnumerator(Ref<Object>(&object));
+    return made;
+}
+
 HRESULT giveEnumerator(Object& object, std::size_t arguments, const Call& call) {
     if (arguments) return DISP_E_BADPARAMCOUNT;
-    if (!object.enumerate()) return DISP_E_MEMBERNOTFOUND;
+    Com<IEnumVARIANT> made = enumeratorFor(object);
+    if (!made) return DISP_E_MEMBERNOTFOUND;
     if (!call.result) return S_OK;
-    call.result->punkVal = new LibraryEnumerator(Ref<Object>(&object));
+    call.result->punkVal = made.detach();
     call.result->vt = VT_UNKNOWN;
     return S_OK;
 }

@@ -12,6 +12,9 @@ namespace canvas::component {
 /// Answers DISPID_NEWENUM with an IEnumVARIANT; DISP_E_MEMBERNOTFOUND for an object that cannot be walked.
 HRESULT giveEnumerator(Object& object, std::size_t arguments, const Call& call);
 
+/// An IEnumVARIANT at the start of a collection, with a reference for the caller; null when it cannot be walked.
+Com<IEnumVARIANT> enumeratorFor(Object& object);
+
 /// A host's enumerator. Ends with error 7 after `most` items: one without an end would never let go.
 class HostEnumerator final : public Enumerator {
 public:

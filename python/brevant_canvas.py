@@ -521,7 +521,7 @@ class Object:
         return _call(self._pointer, _VALUE, _METHOD | _GET, (index,))
 
     def __len__(self) -> int:
-        return self.Count
+        return _call(self._pointer, self._member("Count")[0], _METHOD | _GET, ())
 
     def __bool__(self) -> bool:
         return True

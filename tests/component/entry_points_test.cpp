@@ -232,6 +232,8 @@ TEST(Dispatch, AWalkOutlivesItsCollection) {
         OwnedVariant walk;
         ASSERT_EQ(collection->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD, &none, &walk, nullptr, nullptr), S_OK);
         const auto items = ask<IEnumVARIANT>(walk.punkVal, IID_IEnumVARIANT);
+        const auto byName = call(collection.get(), "NewEnum").value.toObject();
+        EXPECT_TRUE(ask<IEnumVARIANT>(dispatchOf(byName).get(), IID_IEnumVARIANT));
         collection = {};
         OwnedVariant item, end;
         EXPECT_EQ(items->Next(1, &item, nullptr), S_OK);
