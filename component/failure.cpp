@@ -1,6 +1,7 @@
 #include "component/failure.h"
 
 #include <new>
+#include <utility>
 
 #include "component/text.h"
 

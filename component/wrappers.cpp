@@ -30,8 +30,8 @@ Known& known() {
 
 void Wrappers::add(Object* object, Dispatch* wrapper) { known().dispatches[object] = wrapper; }
 void Wrappers::remove(Object* object) noexcept { known().dispatches.erase(object); }
-void Wrappers::addInterface(IDispatch* interface, Object* object) { known().ours[interface] = object; }
-void Wrappers::removeInterface(IDispatch* interface) noexcept { known().ours.erase(interface); }
+void Wrappers::addInterface(IDispatch* dispatch, Object* object) { known().ours[dispatch] = object; }
+void Wrappers::removeInterface(IDispatch* dispatch) noexcept { known().ours.erase(dispatch); }
 void Wrappers::add(IDispatch* dispatch, HostObject* adapter) { known().adapters[dispatch] = adapter; }
 void Wrappers::remove(IDispatch* dispatch) noexcept { known().adapters.erase(dispatch); }
 

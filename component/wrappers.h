@@ -23,8 +23,8 @@ public:
     static void remove(Object* object) noexcept;
     /// An interface of ours that stands for an object; compared by address alone, so that nothing a stranger answers
     /// can be taken for one of ours.
-    static void addInterface(IDispatch* interface, Object* object);
-    static void removeInterface(IDispatch* interface) noexcept;
+    static void addInterface(IDispatch* dispatch, Object* object);
+    static void removeInterface(IDispatch* dispatch) noexcept;
     static void add(IDispatch* dispatch, HostObject* adapter);
     static void remove(IDispatch* dispatch) noexcept;
 };

@@ -207,13 +207,13 @@ TEST(Dispatch, TheSameObjectHasTheSamePointer) {
 
 TEST(Dispatch, TheInterfaceHasItsOwnPlainNames) {
     const auto launch = create("clsBVTRestartProgram");
-    const auto interface = ask<IDispatch>(launch.get(), IID_IBlockAttribute);
-    ASSERT_TRUE(interface);
-    EXPECT_EQ(call(interface.get(), "UpdateMatrix", {1}).result, DISP_E_BADPARAMCOUNT) << "its thirteen arguments only";
-    EXPECT_EQ(numberOf(interface.get(), "TaskName"), DISPID_UNKNOWN);
-    EXPECT_EQ(numberOf(interface.get(), "FillMatrix"), 1);
-    EXPECT_EQ(ask<IUnknown>(interface.get(), IID_IUnknown).get(), ask<IUnknown>(launch.get(), IID_IUnknown).get());
-    EXPECT_EQ(objectBehind(interface.get()), objectBehind(launch.get()));
+    const auto plain = ask<IDispatch>(launch.get(), IID_IBlockAttribute);
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(call(plain.get(), "UpdateMatrix", {1}).result, DISP_E_BADPARAMCOUNT) << "its thirteen arguments only";
+    EXPECT_EQ(numberOf(plain.get(), "TaskName"), DISPID_UNKNOWN);
+    EXPECT_EQ(numberOf(plain.get(), "FillMatrix"), 1);
+    EXPECT_EQ(ask<IUnknown>(plain.get(), IID_IUnknown).get(), ask<IUnknown>(launch.get(), IID_IUnknown).get());
+    EXPECT_EQ(objectBehind(plain.get()), objectBehind(launch.get()));
     EXPECT_FALSE(ask<IDispatch>(create("clsBVTEdge").get(), IID_IBlockAttribute));
     EXPECT_FALSE(ask<IDispatch>(create("clsBVTMessageIn").get(), IID_IBlockAttribute)) << "a plain record";
 }
