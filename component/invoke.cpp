@@ -117,10 +117,23 @@ HRESULT failed(const NumberedMember& row, const RuntimeError& error, EXCEPINFO* 
     return unknown ? refusalOf(error) : exceptionOf(error, info);
 }
 
+/// Not so Nothing where an object must be, and what a host raises when its default member is asked for.
+bool isConversion(const ArgumentError& error) {
+    switch (static_cast<Error>(error.number)) {
+        case Error::typeMismatch:
+        case Error::overflow:
+        case Error::invalidNull:
+        case Error::objectRequired:
+        case Error::argumentCount: return true;
+        default: return false;
+    }
+}
+
 HRESULT attempt(Object& object, const NumberedMember& row, const Given& given, bool writes, const Call& call) {
     try {
         return run(object, row, given, writes, call);
     } catch (const ArgumentError& error) {
+        if (!isConversion(error)) return exceptionOf(error, call.exception);
         if (call.argument) *call.argument = given.placeOf(error.argument);
         return refusalOf(error);
     } catch (const RuntimeError& error) {

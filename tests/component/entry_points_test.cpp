@@ -165,6 +165,9 @@ TEST(Dispatch, ArgumentsConvertAsAutomationConvertsThem) {
     const auto block = create("clsBVTEdge");
     EXPECT_EQ(call(canvas.get(), "AddBlock", {Value(objectBehind(block.get()))}).result, DISP_E_TYPEMISMATCH)
         << "an object of another class";
+    EXPECT_EQ(call(canvas.get(), "AddBlock", {"text"}).result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(static_cast<std::uint32_t>(call(canvas.get(), "AddBlock", {Value(Ref<Object>())}).scode), 0x800A005Bu)
+        << "Nothing is a run-time error";
     const auto attribute = create("clsBVTMoveAxis");
     EXPECT_EQ(put(attribute.get(), "WaitForCompletion", "maybe").result, DISP_E_TYPEMISMATCH);
 }
