@@ -1,10 +1,11 @@
-# Benchmarks: benchmarks/*.cpp become canvas_bench.
+# Benchmarks: benchmarks/*.cpp become canvas_bench, but for component_bench.cpp, which is a program of its own.
 
 find_package(benchmark REQUIRED)
 find_package(simdjson REQUIRED)
 find_package(Qt6 QUIET COMPONENTS Gui)
 
 file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/benchmarks/*.cpp)
+list(FILTER sources EXCLUDE REGEX /component_bench.cpp$)
 if(sources)
   add_executable(canvas_bench ${sources})
   canvas_include_root(canvas_bench PRIVATE benchmarks)
@@ -15,4 +16,10 @@ if(sources)
     target_compile_definitions(canvas_bench PRIVATE CANVAS_BENCH_QT)
     target_link_libraries(canvas_bench PRIVATE Qt6::Gui)
   endif()
+endif()
+
+# A program of its own: it counts what comes from malloc, not only from operator new.
+if(EXISTS ${PROJECT_SOURCE_DIR}/benchmarks/component_bench.cpp)
+  add_executable(component_bench ${PROJECT_SOURCE_DIR}/benchmarks/component_bench.cpp)
+  target_link_libraries(component_bench PRIVATE canvas_component benchmark::benchmark_main)
 endif()

@@ -10,11 +10,14 @@ function(canvas_include_root target scope folder)
 endfunction()
 
 # canvas_floor(<folder> [ON <lower floor>...] [USES <library>...]): static library canvas_<folder> from <folder>/*.cpp.
-# A folder without sources gives a library of headers.
+# A folder without sources gives a library of headers. What differs between platforms lies in <folder>/platform/*.cpp,
+# in files named after the platform (clock_linux.cpp).
 function(canvas_floor folder)
   cmake_parse_arguments(PARSE_ARGV 1 floor "" "" "ON;USES")
   set(target canvas_${folder})
-  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  string(TOLOWER ${CMAKE_SYSTEM_NAME} platform)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp
+    ${PROJECT_SOURCE_DIR}/${folder}/platform/*_${platform}.cpp)
   if(sources)
     add_library(${target} STATIC ${sources})
     target_precompile_headers(${target} REUSE_FROM canvas_std_pch)

@@ -38,6 +38,28 @@ if(TARGET test_cli AND TARGET canvas)
   add_dependencies(test_cli canvas)
 endif()
 
+if(TARGET test_component)
+  add_dependencies(test_component canvas_library)
+  target_compile_definitions(test_component PRIVATE CANVAS_LIBRARY="$<TARGET_FILE:canvas_library>")
+endif()
+
+# Python tests load the component into an interpreter that no sanitizer knows: they are left out of sanitized builds.
+find_program(CANVAS_PYTHON python3)
+file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/component/*_test.py)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  foreach(script IN LISTS scripts)
+    cmake_path(GET script STEM stem)
+    set(command ${CANVAS_PYTHON} -B ${script})
+    if(NOT CANVAS_PYTHON)
+      set(command ${CMAKE_COMMAND} -E env sh -c "exit 77")
+    endif()
+    add_test(NAME component.${stem} COMMAND ${command})
+    set_tests_properties(component.${stem} PROPERTIES
+      TIMEOUT 600 SKIP_RETURN_CODE 77
+      ENVIRONMENT "BREVANT_CANVAS=$<TARGET_FILE:canvas_library>;PYTHONPATH=${PROJECT_SOURCE_DIR}/python")
+  endforeach()
+endif()
+
 # A shell test passes with exit code 0 and is skipped with 77. CANVAS_BIN is the path of the program `canvas`.
 file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/tools/*.sh)
 foreach(script IN LISTS scripts)

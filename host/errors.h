@@ -63,6 +63,14 @@ public:
     const char* what() const noexcept override { return description.c_str(); }
 };
 
+/// An argument that does not convert to what the callee declares: the call has not begun.
+class ArgumentError : public RuntimeError {
+public:
+    ArgumentError(const RuntimeError& reason, int place) : RuntimeError(reason), argument(place) {}
+
+    int argument;  ///< from 0; the value of a property write stands behind its indexes
+};
+
 /// A programmer's mistake in using the library (a table out of order, a null port): never shown to a user as a
 /// run-time error, never answered by an error branch.
 class ContractViolation : public std::logic_error {

@@ -31,7 +31,11 @@ Value readMember(std::span<const Member> members, Object& self, std::string_view
     if (!member.read) raise(Error::noSuchMember);
     if (!fits(member, args.size())) raise(Error::argumentCount);
     const Ref<Object> alive(&self);  // the callee may drop the last other reference
-    return member.read(self, args);
+    try {
+        return member.read(self, args);
+    } catch (const ArgumentError& error) {
+        throw RuntimeError(error);
+    }
 }
 
 void writeMember(std::span<const Member> members, Object& self, std::string_view name, const Value& value, Args args) {
@@ -39,7 +43,11 @@ void writeMember(std::span<const Member> members, Object& self, std::string_view
     if (!member.write) raise(Error::noSuchMember);
     if (!fits(member, args.size())) raise(Error::argumentCount);
     const Ref<Object> alive(&self);
-    member.write(self, args, value);
+    try {
+        member.write(self, args, value);
+    } catch (const ArgumentError& error) {
+        throw RuntimeError(error);
+    }
 }
 
 }  // namespace canvas

@@ -28,6 +28,7 @@ namespace canvas {
 struct Member {
     using Read = Value (*)(Object&, Args);
     using Write = void (*)(Object&, Args, const Value&);
+    // Both raise ArgumentError for what does not convert; through a name it arrives as a plain run-time error.
 
     std::string_view name;
     /// Property read or operation call; null for a write-only property.
@@ -41,6 +42,8 @@ struct Member {
     int optional = 0;
     /// The operation or property that the empty name reaches.
     bool isDefault = false;
+    /// Arguments that the operation may write: bit 0 is the first.
+    std::uint32_t byReference = 0;
 };
 
 /// The member of that name, or null. A name may stand twice with different counts of arguments: then the count
@@ -92,6 +95,17 @@ struct Held {
     }
 };
 
+/// Runs conversions of arguments; `at` is the place of the one under way.
+template <class Conversions>
+void convert(Conversions&& conversions) {
+    int at = 0;
+    try {
+        conversions(at);
+    } catch (const RuntimeError& reason) {
+        throw ArgumentError(reason, at);
+    }
+}
+
 template <class F>
 struct Signature;
 template <class T, class R, class... A>
@@ -99,6 +113,11 @@ struct Signature<R (T::*)(A...)> {
     using Class = T;
     using Result = R;
     static constexpr int count = sizeof...(A);
+    static constexpr std::uint32_t byReference = [] {
+        std::uint32_t bits = 0, bit = 1;
+        ((bits |= Held<A>::byReference ? bit : 0, bit <<= 1), ...);
+        return bits;
+    }();
     using Holders = std::tuple<Held<A>...>;
     template <auto F>
     static Value call(Object& self, Args args) {
@@ -109,7 +128,9 @@ struct Signature<R (T::*)(A...)> {
 private:
     template <auto F, std::size_t... I>
     static Value callHeld(T& self, Args args, Holders& held, std::index_sequence<I...>) {
-        ((I < args.size() ? std::get<I>(held).take(args[I]) : void()), ...);
+        convert([&](int& at) {
+            ((I < args.size() ? (at = static_cast<int>(I), std::get<I>(held).take(args[I])) : void()), ...);
+        });
         const auto giveBack = [&] { ((I < args.size() ? std::get<I>(held).give(args[I]) : void()), ...); };
         if constexpr (std::is_void_v<R>) {
             (self.*F)(std::get<I>(held).pass()...);
@@ -134,7 +155,9 @@ struct DataOf;
 template <class T, class V, V T::*M>
 struct DataOf<M> {
     static Value read(Object& self, Args) { return toValue(static_cast<T&>(self).*M); }
-    static void write(Object& self, Args, const Value& value) { static_cast<T&>(self).*M = fromValue<V>(value); }
+    static void write(Object& self, Args, const Value& value) {
+        convert([&](int&) { static_cast<T&>(self).*M = fromValue<V>(value); });
+    }
 };
 
 template <auto F>
@@ -168,6 +191,7 @@ constexpr Member property(std::string_view name) {
         else {
             member.read = &detail::SignatureOf<Get>::template call<Get>;
             member.arguments = detail::SignatureOf<Get>::count;
+            member.byReference = detail::SignatureOf<Get>::byReference;
         }
     }
     if constexpr (!std::is_null_pointer_v<decltype(Put)>) {
@@ -185,7 +209,8 @@ constexpr Member method(std::string_view name, int optional = 0) {
     return {.name = name,
             .read = &detail::SignatureOf<F>::template call<F>,
             .arguments = detail::SignatureOf<F>::count,
-            .optional = optional};
+            .optional = optional,
+            .byReference = detail::SignatureOf<F>::byReference};
 }
 
 /// The member that the empty name reaches.

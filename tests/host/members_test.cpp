@@ -106,6 +106,28 @@ TEST(Members, AnOperationConvertsItsArguments) {
     EXPECT_EQ(raisedBy([&] { invoke(*gadget, "Sum", "x", 2.0); }), 13);
 }
 
+TEST(Members, BelowTheNamesARefusedArgumentIsToldApart) {
+    const auto gadget = make<Gadget>();
+    const auto refused = [&](std::string_view name, std::vector<Value> arguments) {
+        try {
+            findMember(Gadget::table(), name, arguments.size())->read(*gadget, arguments);
+        } catch (const ArgumentError& error) {
+            return error.argument;
+        } catch (const RuntimeError&) {
+        }
+        return -1;
+    };
+    EXPECT_EQ(refused("Sum", {"x", 2.0}), 0);
+    EXPECT_EQ(refused("Sum", {1.0, "x"}), 1);
+    EXPECT_EQ(refused("Fail", {1.0}), -1) << "raised by the operation";
+    try {
+        invoke(*gadget, "Sum", "x", 2.0);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(dynamic_cast<const ArgumentError*>(&error), nullptr) << "through a name it is an error like any other";
+    }
+}
+
 TEST(Members, LastArgumentsMayBeLeftOutWhereDeclaredSo) {
     const auto gadget = make<Gadget>();
     EXPECT_EQ(invoke(*gadget, "Sum", 40.0), Value(std::int32_t{40}));
@@ -163,6 +185,9 @@ TEST(Members, TheTableTellsArgumentsAndKind) {
     EXPECT_FALSE(row("Sum", 2).isProperty);
     EXPECT_EQ(row("Sum", 2).arguments, 2);
     EXPECT_EQ(row("Sum", 2).optional, 1);
+    EXPECT_EQ(row("Sum", 2).byReference, 0u);
+    EXPECT_EQ(row("Halve", 2).byReference, 1u) << "a constant reference is none";
+    EXPECT_EQ(row("Same", 1).byReference, 0u);
     EXPECT_EQ(row("Cell", 1).arguments, 1);
     EXPECT_EQ(row("CellIn", 1).arguments, 1);
     EXPECT_EQ(row("First", 1).arguments, 1);

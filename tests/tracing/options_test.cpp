@@ -33,7 +33,6 @@ TEST(Options, HaveTheDefaultsOfTheProductBuild) {
 
 class StartRoutine : public testing::Test {
 protected:
-    void SetUp() override { vbwIsInitialized = false; }
     void SetUp() override { asBeforeTheFirstUse(); }
     void TearDown() override { asBeforeTheFirstUse(); }
     static void asBeforeTheFirstUse() {

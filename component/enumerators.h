@@ -1,0 +1,31 @@
+#pragma once
+// Walks through collections, in both directions.
+
+#include <memory>
+
+#include "component/com.h"
+#include "component/invoke.h"
+#include "host/object.h"
+
+namespace canvas::component {
+
+/// Answers DISPID_NEWENUM with an IEnumVARIANT; DISP_E_MEMBERNOTFOUND for an object that cannot be walked.
+HRESULT giveEnumerator(Object& object, std::size_t arguments, const Call& call);
+
+/// An IEnumVARIANT at the start of a collection, with a reference for the caller; null when it cannot be walked.
+Com<IEnumVARIANT> enumeratorFor(Object& object);
+
+/// A host's enumerator. Ends with error 7 after `most` items: one without an end would never let go.
+class HostEnumerator final : public Enumerator {
+public:
+    static constexpr std::size_t most = 1'000'000;
+
+    explicit HostEnumerator(Com<IEnumVARIANT> enumerator) noexcept : m_enumerator(std::move(enumerator)) {}
+    bool next(Value& item) override;
+
+private:
+    Com<IEnumVARIANT> m_enumerator;
+    std::size_t m_given = 0;
+};
+
+}  // namespace canvas::component

@@ -1,0 +1,99 @@
+"""The shared library as a file: its symbols, its identifiers, its classes, its registration, its going and coming."""
+
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import uuid
+
+import brevant_canvas as bc
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+LIBRARY = os.environ["BREVANT_CANVAS"]
+BASE = uuid.uuid5(uuid.NAMESPACE_URL, "urn:brevant:canvas")
+EXPORTS = """DllGetClassObject DllCanUnloadNow DllRegisterServer DllUnregisterServer SysAllocString SysAllocStringLen
+    SysFreeString SysStringLen VariantInit VariantClear VariantCopy SafeArrayCreate SafeArrayDestroy
+    SafeArrayGetElement SafeArrayPutElement SafeArrayGetLBound SafeArrayGetUBound SafeArrayGetDim""".split()
+
+
+def creatable() -> list[str]:
+    return re.findall(r"^ +CLASS(?:_BY)?\((\w+)", (ROOT / "component/class_list.cpp").read_text(), re.MULTILINE)
+
+
+def registration(**environment: str) -> subprocess.CompletedProcess:
+    code = "import brevant_canvas as bc, sys; getattr(bc, sys.argv[1])()"
+    run = lambda action: subprocess.run([sys.executable, "-B", "-c", code, action], capture_output=True, text=True,
+                                        env={**os.environ, **environment}, check=False)
+    return run
+
+
+class Library(unittest.TestCase):
+    def test_it_exports_its_functions_and_nothing_else(self) -> None:
+        listing = subprocess.run(["nm", "-D", "--defined-only", LIBRARY], capture_output=True, text=True, check=True)
+        self.assertEqual(sorted(line.split()[-1] for line in listing.stdout.splitlines()), sorted(EXPORTS))
+
+    def test_identifiers_are_computed(self) -> None:
+        self.assertEqual(subprocess.run([ROOT / "tools/identifiers", "--check"], check=False).returncode, 0)
+        self.assertEqual(bc._BASE, BASE)
+
+    def test_every_public_class_of_the_sources_is_listed(self) -> None:
+        found = set()
+        for folder in ("document", "attributes", "hardware", "editors"):
+            for header in (ROOT / folder).glob("*.h"):
+                found |= set(re.findall(r"^(?:struct|class) (clsBVT\w+)[^;]*\{", header.read_text(), re.MULTILINE))
+        self.assertEqual(found - set(creatable()), set())
+
+    def test_every_class_answers(self) -> None:
+        for name in creatable():
+            with self.subTest(name):
+                self.assertTrue(dir(bc.create(name)))
+
+    def test_a_class_that_is_not_there_is_refused(self) -> None:
+        with self.assertRaises(bc.Error) as raised:
+            bc.create("clsBVTNothing")
+        self.assertEqual(raised.exception.code, 0x80040111)
+
+
+class Registration(unittest.TestCase):
+    def test_it_is_written_and_taken_away(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            run = registration(XDG_DATA_HOME=folder)
+            file = pathlib.Path(folder, "brevant/components/Canvas.json")
+            self.assertEqual(run("register").returncode, 0)
+            written = json.loads(file.read_text())
+            self.assertEqual(pathlib.Path(written["path"]), pathlib.Path(LIBRARY).resolve())
+            self.assertEqual({c["progId"]: c["clsid"] for c in written["classes"]},
+                             {f"Canvas.{name}": "{%s}" % str(uuid.uuid5(BASE, "class:" + name)).upper()
+                              for name in creatable()})
+            self.assertTrue(written["version"])
+            self.assertEqual(run("register").returncode, 0, "again")
+            self.assertEqual(run("unregister").returncode, 0)
+            self.assertFalse(file.exists())
+            self.assertEqual(run("unregister").returncode, 0, "nothing to take away is no failure")
+
+    def test_the_default_folder_is_below_the_home(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            self.assertEqual(registration(XDG_DATA_HOME="relative", HOME=folder)("register").returncode, 0)
+            self.assertTrue(pathlib.Path(folder, ".local/share/brevant/components/Canvas.json").exists())
+
+    def test_a_failure_leaves_nothing_half_done(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            blocked = pathlib.Path(folder, "data")
+            (blocked / "brevant").mkdir(parents=True)
+            (blocked / "brevant/components").write_text("a file where a folder is due")
+            run = registration(XDG_DATA_HOME=str(blocked))
+            self.assertNotEqual(run("register").returncode, 0)
+            self.assertIn("0x80040201", run("register").stderr)
+            self.assertEqual([p.name for p in blocked.rglob("*")], ["brevant", "components"])
+            (blocked / "brevant/components").unlink()
+            (blocked / "brevant/components/Canvas.json").mkdir(parents=True)
+            self.assertNotEqual(run("register").returncode, 0)
+            self.assertEqual([p.name for p in (blocked / "brevant/components").rglob("*")], ["Canvas.json"])
+
+
+if __name__ == "__main__":
+    unittest.main()

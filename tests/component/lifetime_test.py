@@ -1,0 +1,127 @@
+"""What is created is gone again: objects, documents, files, memory, and the library itself."""
+
+import ctypes
+import gc
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import brevant_canvas as bc
+
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+MEGABYTE = 1 << 20
+
+
+def resident() -> int:
+    with open("/proc/self/statm", encoding="ascii") as file:
+        return int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE")
+
+
+def open_files() -> int:
+    return len(os.listdir("/proc/self/fd"))
+
+
+class Leaks(unittest.TestCase):
+    def check(self, work, warm: int, times: int) -> None:
+        library = bc.create("Library")
+        live = library.LiveObjects
+        for _ in range(warm):
+            work()
+        gc.collect()
+        files, memory = open_files(), resident()
+        for _ in range(times):
+            work()
+        gc.collect()
+        self.assertEqual(library.LiveObjects, live)
+        self.assertEqual(open_files(), files)
+        self.assertLess(resident() - memory, MEGABYTE)
+        del library
+        gc.collect()
+        self.assertTrue(bc.can_unload())
+
+    def test_100000_objects_leave_nothing_behind(self) -> None:
+        names = ["clsBVTCanvas", "clsBVTBlock", "clsBVTMoveAxis", "clsBVTEdge", "clsBVTUndoBuffer"]
+        self.check(lambda: [bc.create(name) for name in names], 1000, 20_000)
+
+    def test_10000_documents_leave_nothing_behind(self) -> None:
+        name = str(EXAMPLES / "conveyor.bpg")
+
+        def work() -> None:
+            document = bc.create("clsBVTCanvas")
+            assert document.Readfile(name)
+            assert document.BlockList.Item(1).BVTAttribute is not None
+
+        self.check(work, 300, 10_000)
+
+    def test_host_objects_are_let_go(self) -> None:
+        class Host:
+            pass
+
+        def work() -> None:
+            document, host = bc.create("clsBVTCanvas"), Host()
+            document.frmParentForm = host
+            with bc.connect(document, host):
+                document.AddActionToUndoList(2, host)
+
+        self.check(work, 200, 3000)
+        self.assertEqual(bc._Served._living, {})
+
+
+class Unloading(unittest.TestCase):
+    def mapped(self) -> bool:
+        with open("/proc/self/maps", encoding="utf-8") as file:
+            return "libCanvas.so" in file.read()
+
+    def handlers(self) -> list[bytes]:
+        """Addresses of the process's handlers of faults, as the C library tells them."""
+        process = ctypes.CDLL(None)
+        found = []
+        for number in (signal.SIGSEGV, signal.SIGBUS, signal.SIGFPE, signal.SIGILL, signal.SIGTRAP):
+            action = ctypes.create_string_buffer(256)
+            process.sigaction(int(number), None, action)
+            found.append(action.raw[:ctypes.sizeof(ctypes.c_void_p)])
+        return found
+
+    def test_it_goes_and_comes_in_one_process(self) -> None:
+        gc.collect()
+        bc.unload()
+        before = self.handlers()
+        for _ in range(20):
+            self.assertFalse(self.mapped())
+            bc.load()
+            self.assertTrue(bc.can_unload())
+            document = bc.create("clsBVTCanvas")
+            self.assertEqual(document.BlockName(2), "Move Axis")
+            with self.assertRaises(bc.RunTimeError):
+                document.BlockName(99)
+            self.assertFalse(bc.can_unload())
+            with self.assertRaises(RuntimeError):
+                bc.unload()
+            del document
+            gc.collect()
+            bc.unload()
+        self.assertFalse(self.mapped())
+        self.assertEqual(self.handlers(), before)
+
+    def test_a_process_may_end_with_everything_held(self) -> None:
+        code = """
+import brevant_canvas as bc
+class Host:
+    def MessageBox(self, *a): return "OK"
+host = Host()
+library = bc.create("Library")
+library.Interaction = host
+document = bc.create("clsBVTCanvas")
+document.frmParentForm = host
+connection = bc.connect(document, host)
+"""
+        ended = subprocess.run([sys.executable, "-B", "-c", code], capture_output=True, text=True, check=False)
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+
+
+if __name__ == "__main__":
+    unittest.main()
