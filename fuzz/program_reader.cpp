@@ -40,12 +40,23 @@ bool canBeWritten(const std::string& bytes) {
     return true;
 }
 
-/// Whether a block is no more than its line says. A cam is brought up to date by a host's main form when it is written;
-/// a subroutine call without a title loses its name when it is read.
+/// A name without a title is lost when it is read, and any other place than the current folder when it is written.
+bool isPlainCall(const std::string& name, const std::string& title) {
+    if (name.empty()) return true;
+    const std::string inFolder = environment().files->currentFolder() + '\\' + environment().utility->FileTitleOf(name);
+    return !title.empty() && name == inFolder;
+}
+
+/// Whether a block is no more than its line says. A cam is brought up to date by a host's main form when it is written; a
+/// note whose line ended before the label has no text of its own until it is written.
 bool isPlain(const clsBVTBlock& block) {
-    if (block.intBlockType == CAMONOFF) return false;
-    const auto isEmpty = [&](const char* property) { return block.vntAttribute->get(property).toText().empty(); };
-    return block.intBlockType != SUPERBLOCK || !isEmpty("title") || isEmpty("Name");
+    const auto text = [&](const char* property) { return block.vntAttribute->get(property).toText(); };
+    switch (block.intBlockType) {
+        case CAMONOFF: return false;
+        case SUPERBLOCK: return isPlainCall(text("Name"), text("title"));
+        case NodeText: return text("NodeText").ends_with("\xC2\xB6");
+        default: return true;
+    }
 }
 
 bool isPlain(const clsBVTCanvas& document) {
