@@ -11,6 +11,8 @@ bench_packages=(libbenchmark-dev libsimdjson-dev qt6-base-dev valgrind)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+# Checkouts share compiled objects: paths inside the project are hashed relative to it.
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 # ccache needs a folder to write to, and a bare system may have no home.
 [ -w "${HOME:-/nonexistent}" ] || export CCACHE_DIR=${CCACHE_DIR:-$root/build/.ccache}
 
