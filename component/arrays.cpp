@@ -80,7 +80,7 @@ SAFEARRAY* safeArrayOf(const Array& array, int elementType) {
             giveBack(array.elements[i], element);
         }
     } catch (...) {
-        VariantClear(&whole);
+        clear(whole);
         throw;
     }
     return result;

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "component/platform/automation.h"
+#include "component/failure.h"
 
 namespace canvas::component {
 
@@ -14,12 +14,12 @@ public:
     Com() noexcept = default;
     /// Takes a reference of its own.
     explicit Com(T* object) noexcept : m_object(object) {
-        if (m_object) m_object->AddRef();
+        if (m_object) outside([&] { return m_object->AddRef(); });
     }
     Com(const Com& other) noexcept : Com(other.m_object) {}
     Com(Com&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
     ~Com() {
-        if (m_object) m_object->Release();
+        if (m_object) outside([&] { return m_object->Release(); });
     }
     Com& operator=(Com other) noexcept {
         std::swap(m_object, other.m_object);
@@ -46,7 +46,8 @@ template <class T>
 Com<T> ask(IUnknown* object, REFIID iid) {
     void* answer = nullptr;
     Com<T> result;
-    if (object && SUCCEEDED(object->QueryInterface(iid, &answer))) *result.out() = static_cast<T*>(answer);
+    if (object && SUCCEEDED(outside([&] { return object->QueryInterface(iid, &answer); })))
+        *result.out() = static_cast<T*>(answer);
     return result;
 }
 
@@ -79,7 +80,7 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
     ULONG STDMETHODCALLTYPE Release() override {
         const ULONG left = --m_references;
-        if (left == 0) delete static_cast<Self*>(this);
+        if (left == 0) guarded([&] { return delete static_cast<Self*>(this), S_OK; });
         return left;
     }
 

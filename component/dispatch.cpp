@@ -41,7 +41,7 @@ Dispatch::~Dispatch() {
 
 ULONG Dispatch::Release() {
     const ULONG left = --m_references;
-    if (left == 0) delete this;
+    if (left == 0) guarded([&] { return delete this, S_OK; });
     return left;
 }
 

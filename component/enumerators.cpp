@@ -26,7 +26,7 @@ public:
             return S_OK;
         });
         if (FAILED(result))
-            while (given > 0) VariantClear(&items[--given]);
+            while (given > 0) clear(items[--given]);
         if (fetched) *fetched = given;
         return result;
     }
@@ -91,7 +91,7 @@ bool HostEnumerator::next(Value& item) {
     OwnedVariant given;
     ULONG fetched = 0;
     const Com<IEnumVARIANT> alive = m_enumerator;
-    const HRESULT result = alive->Next(1, &given, &fetched);
+    const HRESULT result = outside([&] { return alive->Next(1, &given, &fetched); });
     EXCEPINFO none{};
     if (FAILED(result)) throw errorOf(result, none);
     if (result != S_OK || fetched == 0) return false;

@@ -46,8 +46,9 @@ private:
         OwnedVariant answer;
         EXCEPINFO exception{};
         const Com<IDispatch> alive = m_sink;
-        const HRESULT result =
-            alive->Invoke(number, IID_NULL, 0, DISPATCH_METHOD, &parameters, &answer, &exception, nullptr);
+        const HRESULT result = outside([&] {
+            return alive->Invoke(number, IID_NULL, 0, DISPATCH_METHOD, &parameters, &answer, &exception, nullptr);
+        });
         if (FAILED(result)) errorOf(result, exception);  // frees its texts
     }
 

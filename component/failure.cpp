@@ -61,7 +61,7 @@ HRESULT refusalOf(const RuntimeError& error) noexcept {
 
 RuntimeError errorOf(HRESULT result, EXCEPINFO& info) {
     if (result != DISP_E_EXCEPTION) return RuntimeError(plainError(result));
-    if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
+    if (info.pfnDeferredFillIn) outside([&] { return info.pfnDeferredFillIn(&info); });
     int number = info.wCode ? info.wCode : numberOf(info.scode);
     if (number == 0) number = static_cast<int>(Error::automation);
     const auto taken = [](BSTR& text) {

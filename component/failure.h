@@ -22,6 +22,13 @@ RuntimeError errorOf(HRESULT result, EXCEPINFO& info);
 /// Inside a catch block: the code for whatever came.
 HRESULT resultOfCaught(EXCEPINFO* info = nullptr) noexcept;
 
+/// Calls an interface that may be a host's: a machine fault in there is the host's own.
+template <class Call>
+auto outside(Call&& call) {
+    const tracing::OutOfLibrary out;
+    return call();
+}
+
 /// Runs the body of an interface's function: nothing thrown leaves it, and a machine fault inside is an error too.
 template <class Body>
 HRESULT guarded(Body&& body) noexcept {

@@ -14,6 +14,8 @@
 namespace canvas::component {
 namespace {
 
+constexpr WORD reading = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+
 /// Of the row of that name; a name that no host is required to have gets everything by value.
 std::uint32_t referencesOf(std::string_view name) {
     for (const RequiredMember& row : requiredMembers())
@@ -37,8 +39,8 @@ public:
         }
     }
     ~Parameters() {
-        for (VARIANT& variant : std::span(m_variants).last(m_used)) VariantClear(&variant);
-        for (VARIANT& variant : std::span(m_referenced).first(m_args.size())) VariantClear(&variant);
+        for (VARIANT& variant : std::span(m_variants).last(m_used)) clear(variant);
+        for (VARIANT& variant : std::span(m_referenced).first(m_args.size())) clear(variant);
     }
     Parameters(const Parameters&) = delete;
     Parameters& operator=(const Parameters&) = delete;
@@ -86,10 +88,10 @@ DISPID HostObject::lookUp(std::string_view name) const {
     OwnedText text(name);
     HRESULT result = DISP_E_UNKNOWNNAME;
     if (m_extended) {
-        result = m_extended->GetDispID(text.get(), fdexNameCaseInsensitive, &number);
+        result = outside([&] { return m_extended->GetDispID(text.get(), fdexNameCaseInsensitive, &number); });
     } else {
         LPOLESTR names[] = {text.get()};
-        result = m_dispatch->GetIDsOfNames(IID_NULL, names, 1, 0, &number);
+        result = outside([&] { return m_dispatch->GetIDsOfNames(IID_NULL, names, 1, 0, &number); });
     }
     return FAILED(result) ? DISPID_UNKNOWN : number;
 }
@@ -108,6 +110,12 @@ void HostObject::forget(std::string_view name) noexcept {
     std::erase_if(m_names, [&](const Name& known) { return sameName(known.name, name); });
 }
 
+HRESULT HostObject::called(DISPID number, WORD flags, DISPPARAMS& parameters, VARIANT* answer, EXCEPINFO& exception) {
+    return outside([&] {
+        return m_dispatch->Invoke(number, IID_NULL, 0, flags, &parameters, answer, &exception, nullptr);
+    });
+}
+
 Value HostObject::get(std::string_view name, Args args) {
     const Ref<Object> alive(this);
     const Name member = found(name);
@@ -115,8 +123,7 @@ Value HostObject::get(std::string_view name, Args args) {
     DISPPARAMS packed = parameters.pack();
     OwnedVariant answer;
     EXCEPINFO exception{};
-    const HRESULT result = m_dispatch->Invoke(member.number, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                                              &packed, &answer, &exception, nullptr);
+    const HRESULT result = called(member.number, reading, packed, &answer, exception);
     if (result == DISP_E_MEMBERNOTFOUND) forget(name);
     if (FAILED(result)) throw errorOf(result, exception);
     parameters.takeBack();
@@ -132,8 +139,7 @@ void HostObject::put(std::string_view name, const Value& value, Args args) {
     DISPPARAMS packed = parameters.pack(&nameOfValue);
     const auto write = [&](WORD flags) {
         EXCEPINFO exception{};
-        const HRESULT result =
-            m_dispatch->Invoke(member.number, IID_NULL, 0, flags, &packed, nullptr, &exception, nullptr);
+        const HRESULT result = called(member.number, flags, packed, nullptr, exception);
         if (FAILED(result) && !(result == DISP_E_MEMBERNOTFOUND && flags == DISPATCH_PROPERTYPUTREF))
             throw errorOf(result, exception);
         return result;
@@ -147,8 +153,7 @@ std::unique_ptr<Enumerator> HostObject::enumerate() {
     DISPPARAMS none{};
     OwnedVariant answer;
     EXCEPINFO exception{};
-    const HRESULT result = m_dispatch->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none,
-                                              &answer, &exception, nullptr);
+    const HRESULT result = called(DISPID_NEWENUM, reading, none, &answer, exception);
     if (result == DISP_E_EXCEPTION) {
         RuntimeError error = errorOf(result, exception);
         if (error.number != static_cast<int>(Error::noSuchMember)) throw error;

@@ -37,6 +37,7 @@ private:
     /// Error 438 when the host does not know the name.
     Name found(std::string_view name);
     DISPID lookUp(std::string_view name) const;
+    HRESULT called(DISPID number, WORD flags, DISPPARAMS& parameters, VARIANT* answer, EXCEPINFO& exception);
     void forget(std::string_view name) noexcept;
 
     Com<IDispatch> m_dispatch;

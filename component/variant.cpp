@@ -189,7 +189,7 @@ void replace(void* place, VARTYPE type, VARIANT& fresh) {
     std::memcpy(place, &fresh.llVal, size);
     old.vt = type;
     fresh.vt = VT_EMPTY;
-    VariantClear(&old);
+    clear(old);
 }
 
 }  // namespace

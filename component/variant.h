@@ -1,7 +1,7 @@
 #pragma once
 // Between values and VARIANTs.
 
-#include "component/platform/automation.h"
+#include "component/failure.h"
 #include "host/value.h"
 
 namespace canvas::component {
@@ -22,11 +22,16 @@ void giveAs(const Value& value, VARTYPE type, VARIANT& variant);
 /// True for an argument that the caller left out.
 bool isLeftOut(const VARIANT& variant) noexcept;
 
+/// Frees what it holds, which may be an object of a host.
+inline void clear(VARIANT& variant) noexcept {
+    outside([&] { return VariantClear(&variant); });
+}
+
 /// A VARIANT that frees what it holds.
 class OwnedVariant : public VARIANT {
 public:
     OwnedVariant() noexcept : VARIANT{} {}
-    ~OwnedVariant() { VariantClear(this); }
+    ~OwnedVariant() { clear(*this); }
     OwnedVariant(const OwnedVariant&) = delete;
     OwnedVariant& operator=(const OwnedVariant&) = delete;
 };

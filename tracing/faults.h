@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <utility>
 
 namespace canvas::tracing {
 
@@ -29,6 +30,7 @@ public:
     static bool running() noexcept { return depth > 0; }
 
 private:
+    friend class OutOfLibrary;
     friend class ThreadStack;
     /// Prepares the thread the first time, and looks closer when the stack is nearly used up.
     static void enter(std::uintptr_t here);
@@ -37,6 +39,24 @@ private:
     [[gnu::tls_model("initial-exec")]] static constinit thread_local int depth;
     /// The highest address until the thread is prepared.
     [[gnu::tls_model("initial-exec")]] static constinit thread_local std::uintptr_t stackLimit;
+};
+
+/// For calls of what is not the library's: while one lives on a thread, a fault there belongs to the handler that was
+/// there before. A call that comes back in from there is the library's again. Lives on the stack only.
+class OutOfLibrary {
+public:
+    OutOfLibrary() noexcept : m_depth(std::exchange(InLibrary::depth, 0)) {
+        std::atomic_signal_fence(std::memory_order_seq_cst);  // as above
+    }
+    ~OutOfLibrary() {
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+        InLibrary::depth = m_depth;
+    }
+    OutOfLibrary(const OutOfLibrary&) = delete;
+    OutOfLibrary& operator=(const OutOfLibrary&) = delete;
+
+private:
+    int m_depth;
 };
 
 /// Sets the filter. The handlers that the host had stay in force for every fault outside this library's calls and for
