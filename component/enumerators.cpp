@@ -2,6 +2,7 @@
 
 #include "component/failure.h"
 #include "component/variant.h"
+#include "host/collection.h"
 
 namespace canvas::component {
 namespace {
@@ -95,7 +96,7 @@ bool HostEnumerator::next(Value& item) {
     EXCEPINFO none{};
     if (FAILED(result)) throw errorOf(result, none);
     if (result != S_OK || fetched == 0) return false;
-    if (++m_given > most) raise(Error::outOfMemory);
+    if (++m_given > mostItems) raise(Error::outOfMemory);
     item = valueOf(given);
     return true;
 }

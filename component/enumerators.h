@@ -15,17 +15,15 @@ HRESULT giveEnumerator(Object& object, std::size_t arguments, const Call& call);
 /// An IEnumVARIANT at the start of a collection, with a reference for the caller; null when it cannot be walked.
 Com<IEnumVARIANT> enumeratorFor(Object& object);
 
-/// A host's enumerator. Ends with error 7 after `most` items: one without an end would never let go.
+/// A host's enumerator. Ends with error 7 after `mostItems`.
 class HostEnumerator final : public Enumerator {
 public:
-    static constexpr std::size_t most = 1'000'000;
-
     explicit HostEnumerator(Com<IEnumVARIANT> enumerator) noexcept : m_enumerator(std::move(enumerator)) {}
     bool next(Value& item) override;
 
 private:
     Com<IEnumVARIANT> m_enumerator;
-    std::size_t m_given = 0;
+    std::int32_t m_given = 0;
 };
 
 }  // namespace canvas::component

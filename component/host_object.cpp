@@ -140,12 +140,14 @@ void HostObject::put(std::string_view name, const Value& value, Args args) {
     const auto write = [&](WORD flags) {
         EXCEPINFO exception{};
         const HRESULT result = called(member.number, flags, packed, nullptr, exception);
-        if (FAILED(result) && !(result == DISP_E_MEMBERNOTFOUND && flags == DISPATCH_PROPERTYPUTREF))
-            throw errorOf(result, exception);
-        return result;
+        if (FAILED(result) && result != DISP_E_MEMBERNOTFOUND) throw errorOf(result, exception);
+        return SUCCEEDED(result);
     };
-    const bool object = value.is(Kind::object);
-    if (!object || FAILED(write(DISPATCH_PROPERTYPUTREF))) write(DISPATCH_PROPERTYPUT);
+    // A property that holds objects may offer either way.
+    if (value.is(Kind::object) && write(DISPATCH_PROPERTYPUTREF)) return;
+    if (write(DISPATCH_PROPERTYPUT)) return;
+    forget(name);
+    raise(Error::noSuchMember);
 }
 
 std::unique_ptr<Enumerator> HostObject::enumerate() {

@@ -117,14 +117,13 @@ HRESULT failed(const NumberedMember& row, const RuntimeError& error, EXCEPINFO* 
     return unknown ? refusalOf(error) : exceptionOf(error, info);
 }
 
-/// Not so Nothing where an object must be, and what a host raises when its default member is asked for.
+/// Not so Nothing where an object must be, and what an object raises when its default member is asked for.
 bool isConversion(const ArgumentError& error) {
     switch (static_cast<Error>(error.number)) {
         case Error::typeMismatch:
         case Error::overflow:
         case Error::invalidNull:
-        case Error::objectRequired:
-        case Error::argumentCount: return true;
+        case Error::objectRequired: return true;
         default: return false;
     }
 }

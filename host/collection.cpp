@@ -181,7 +181,9 @@ namespace {
 class ByPlace final : public Enumerator {
 public:
     explicit ByPlace(Object& collection)
-        : m_collection(&collection), m_count(collectionMember(collection, "Count").toLong()) {}
+        : m_collection(&collection), m_count(collectionMember(collection, "Count").toLong()) {
+        if (m_count > mostItems) raise(Error::outOfMemory);
+    }
 
     bool next(Value& item) override {
         if (m_place >= m_count) return false;

@@ -68,6 +68,9 @@ private:
 /// An object that offers nothing but the walk over a collection: what NewEnum gives.
 Ref<Object> enumeratorOf(Ref<Object> collection);
 
+/// What a host's collection may hold; more is error 7. One without an end would never let go.
+inline constexpr std::int32_t mostItems = 1'000'000;
+
 /// A walk over a collection of the library's or a host's, in order. An object without enumeration is walked by Count and
 /// Item from 1; one that offers neither is error 451.
 std::unique_ptr<Enumerator> walkOf(Object& collection);

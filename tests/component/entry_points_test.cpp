@@ -168,6 +168,11 @@ TEST(Dispatch, ArgumentsConvertAsAutomationConvertsThem) {
     EXPECT_EQ(call(canvas.get(), "AddBlock", {"text"}).result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(static_cast<std::uint32_t>(call(canvas.get(), "AddBlock", {Value(Ref<Object>())}).scode), 0x800A005Bu)
         << "Nothing is a run-time error";
+    EXPECT_EQ(static_cast<std::uint32_t>(call(canvas.get(), "OpenQuote", {Value(objectBehind(block.get()))}).scode), 0x800A01B6u)
+        << "an object without a default member";
+    EXPECT_EQ(static_cast<std::uint32_t>(
+                  call(canvas.get(), "OpenQuote", {Value(objectBehind(create("clsBVTBlockCol").get()))}).scode), 0x800A01C2u)
+        << "one whose default member takes an argument";
     const auto attribute = create("clsBVTMoveAxis");
     EXPECT_EQ(put(attribute.get(), "WaitForCompletion", "maybe").result, DISP_E_TYPEMISMATCH);
 }

@@ -169,6 +169,18 @@ inline Outcome call(IDispatch* object, std::string_view name, std::vector<Value>
     return invokeRaw(object, numberOf(object, name), flags, std::move(variants));
 }
 
+/// The VARTYPE of a member's result; -1 when the call fails.
+inline int kindOf(IDispatch* object, std::string_view name, const std::vector<Value>& arguments = {}) {
+    std::vector<OwnedVariant> reversed(arguments.size());
+    for (std::size_t i = 0; i < arguments.size(); ++i) give(arguments[i], reversed[arguments.size() - 1 - i]);
+    std::vector<VARIANT> variants(reversed.begin(), reversed.end());
+    DISPPARAMS parameters{variants.data(), nullptr, static_cast<UINT>(variants.size()), 0};
+    OwnedVariant answer;
+    const HRESULT result = object->Invoke(numberOf(object, name), IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                                          &parameters, &answer, nullptr, nullptr);
+    return SUCCEEDED(result) ? answer.vt : -1;
+}
+
 inline Outcome put(IDispatch* object, std::string_view name, Value value) {
     return call(object, name, {std::move(value)}, DISPATCH_PROPERTYPUT);
 }
