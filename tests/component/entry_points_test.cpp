@@ -32,35 +32,6 @@ TEST(EntryPoints, AnUnknownClassIsNotAvailable) {
     EXPECT_EQ(answer, nullptr);
 }
 
-TEST(EntryPoints, NullPointersAreRefused) {
-    const CLSID& canvas = identifiersOf("clsBVTCanvas")->clsid;
-    EXPECT_EQ(DllGetClassObject(canvas, IID_IClassFactory, nullptr), E_POINTER);
-    const auto factory = factoryOf("clsBVTCanvas");
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, nullptr), E_POINTER);
-    EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-    const auto object = create("clsBVTCanvas");
-    EXPECT_EQ(object->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-    EXPECT_EQ(object->GetTypeInfoCount(nullptr), E_POINTER);
-    EXPECT_EQ(object->GetTypeInfo(0, 0, nullptr), E_POINTER);
-    DISPID number = 0;
-    LPOLESTR none = nullptr;
-    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, nullptr, 1, 0, &number), E_INVALIDARG);
-    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, &none, 1, 0, &number), E_INVALIDARG);
-    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, &none, 1, 0, nullptr), E_INVALIDARG);
-    EXPECT_EQ(object->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr, nullptr, nullptr), E_INVALIDARG);
-    DISPPARAMS missing{nullptr, nullptr, 2, 0};
-    EXPECT_EQ(object->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &missing, nullptr, nullptr, nullptr), E_INVALIDARG);
-    const auto extended = ask<IDispatchEx>(object.get(), IID_IDispatchEx);
-    EXPECT_EQ(extended->GetDispID(nullptr, 0, &number), E_POINTER);
-    EXPECT_EQ(extended->GetMemberName(1, nullptr), E_POINTER);
-    EXPECT_EQ(extended->GetMemberProperties(1, 0, nullptr), E_POINTER);
-    EXPECT_EQ(extended->GetNextDispID(0, 1, nullptr), E_POINTER);
-    EXPECT_EQ(extended->GetNameSpaceParent(nullptr), E_POINTER);
-    const auto events = ask<IConnectionPointContainer>(object.get(), IID_IConnectionPointContainer);
-    EXPECT_EQ(events->FindConnectionPoint(DIID_CanvasEvents, nullptr), E_POINTER);
-    EXPECT_EQ(events->EnumConnectionPoints(nullptr), E_POINTER);
-}
-
 TEST(EntryPoints, AggregationIsRefused) {
     const auto host = makeHost();
     void* answer = nullptr;

@@ -11,7 +11,7 @@
 #include "component/text.h"
 #include "component/variant.h"
 #include "component/wrappers.h"
-#include "host/object.h"
+#include "host/array.h"
 
 namespace canvas::component::testing {
 
