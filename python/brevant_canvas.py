@@ -30,8 +30,8 @@ import uuid
 from collections.abc import Callable, Iterable, Iterator
 from typing import Any
 
-__all__ = ["Collection", "Empty", "Error", "Null", "Object", "Ref", "RunTimeError", "can_unload", "connect", "create",
-           "load", "register", "unload", "unregister"]
+__all__ = ["Collection", "Connection", "Empty", "Error", "Null", "Object", "Ref", "RunTimeError", "can_unload",
+           "connect", "create", "load", "register", "unload", "unregister"]
 
 
 # Values
@@ -99,9 +99,11 @@ class Collection:
 
     @property
     def Count(self) -> int:
+        """How many values there are."""
         return len(self.items)
 
     def Item(self, index: int | float | str) -> Any:
+        """The value at a place from 1, or under a key. Run-time error 9 for an absent place, 5 for an absent key."""
         if isinstance(index, str):
             if index.lower() not in self.keys:
                 raise RunTimeError(5, "", "Invalid procedure call or argument")
@@ -111,6 +113,7 @@ class Collection:
         return self.items[round(index) - 1]
 
     def Add(self, item: Any, key: str | None = None) -> None:
+        """Puts a value at the end."""
         if key is not None:
             self.keys += [""] * (len(self.items) - len(self.keys)) + [key.lower()]
         self.items.append(item)
@@ -197,7 +200,7 @@ class _Function:
     def __call__(self, interface: int, *arguments: Any) -> int:
         table = ctypes.cast(interface, ctypes.POINTER(_P))[0]
         address = ctypes.cast(table, ctypes.POINTER(_P))[self._place]
-        return self._prototype(address)(interface, *arguments) & 0xFFFFFFFF
+        return int(self._prototype(address)(interface, *arguments)) & 0xFFFFFFFF
 
 
 _query_interface = _Function(0, ctypes.POINTER(_Guid), ctypes.POINTER(_P))
@@ -245,7 +248,7 @@ def _registration() -> str | None:
     folder = os.environ.get("XDG_DATA_HOME", "")
     base = pathlib.Path(folder) if os.path.isabs(folder) else pathlib.Path.home() / ".local/share"
     try:
-        return json.loads((base / "brevant/components/Canvas.json").read_text(encoding="utf-8"))["path"]
+        return str(json.loads((base / "brevant/components/Canvas.json").read_text(encoding="utf-8"))["path"])
     except (OSError, ValueError, KeyError):
         return None
 
@@ -281,9 +284,9 @@ def unload() -> None:
         return
     if not can_unload():
         raise RuntimeError("objects of the library are still held")
-    import _ctypes
-
-    _ctypes.dlclose(_library._handle)
+    close = ctypes.CDLL(None).dlclose
+    close.argtypes = [_P]
+    close(_library._handle)
     _library = None
 
 
@@ -309,7 +312,7 @@ def _bstr(text: str) -> int:
     made = _lib().SysAllocStringLen(encoded, len(encoded) // 2)
     if not made:
         raise MemoryError
-    return made
+    return int(made)
 
 
 def _text(bstr: int | None) -> str:
@@ -345,7 +348,7 @@ def _safe_array(value: list[Any] | tuple[Any, ...]) -> int:
             item = item[index]
         with _Owned(item) as element:
             _lib().SafeArrayPutElement(array, (_I32 * len(place))(*place), ctypes.byref(element))
-    return array
+    return int(array)
 
 
 def _list_from(array: int | None, kind: int) -> list[Any]:
@@ -368,7 +371,8 @@ def _list_from(array: int | None, kind: int) -> list[Any]:
         _lib().SafeArrayGetElement(array, (_I32 * dimensions)(*place), target)
         return _taken(element)
 
-    return part(())
+    whole: list[Any] = part(())
+    return whole
 
 
 def _give(value: Any, variant: _Variant) -> None:
@@ -457,6 +461,12 @@ def _put_through(reference: _Variant, value: Any) -> None:
 
 # Objects of the library
 
+def _left(out: ctypes.c_void_p) -> int:
+    """The interface that a call which succeeded left in an out parameter."""
+    assert out.value is not None
+    return out.value
+
+
 def _asked(interface: int, identifier: uuid.UUID) -> int | None:
     answer = _P()
     if _query_interface(interface, ctypes.byref(_Guid.of(identifier)), ctypes.byref(answer)) != _S_OK:
@@ -521,7 +531,7 @@ class Object:
         return _call(self._pointer, _VALUE, _METHOD | _GET, (index,))
 
     def __len__(self) -> int:
-        return _call(self._pointer, self._member("Count")[0], _METHOD | _GET, ())
+        return int(_call(self._pointer, self._member("Count")[0], _METHOD | _GET, ()))
 
     def __bool__(self) -> bool:
         return True
@@ -600,11 +610,11 @@ def create(name: str) -> Object:
     _check(_lib().DllGetClassObject(ctypes.byref(clsid), ctypes.byref(_Guid.of(_IID_FACTORY)), ctypes.byref(factory))
            & 0xFFFFFFFF)
     try:
-        result = _create_instance(factory.value, None, ctypes.byref(_Guid.of(_IID_DISPATCHEX)), ctypes.byref(made))
+        result = _create_instance(_left(factory), None, ctypes.byref(_Guid.of(_IID_DISPATCHEX)), ctypes.byref(made))
     finally:
-        _release(factory.value)
+        _release(_left(factory))
     _check(result)
-    return Object(made.value)
+    return Object(_left(made))
 
 
 def _object_behind(pointer: int | None) -> Any:
@@ -676,7 +686,8 @@ class _Served:
 
 def _table(*functions: tuple[Callable[..., int], tuple[Any, ...]]) -> tuple[ctypes.Array[Any], list[Any]]:
     """An interface's table behind the three functions of IUnknown, and what must outlive it."""
-    first = [(_Served.query, (ctypes.POINTER(_Guid), ctypes.POINTER(_P))), (_Served.add, ()), (_Served.let_go, ())]
+    first: list[tuple[Callable[..., int], tuple[Any, ...]]] = [
+        (_Served.query, (ctypes.POINTER(_Guid), ctypes.POINTER(_P))), (_Served.add, ()), (_Served.let_go, ())]
     callbacks = [ctypes.CFUNCTYPE(_I32, _P, *arguments)(function) for function, arguments in [*first, *functions]]
     return (_P * len(callbacks))(*[ctypes.cast(callback, _P).value for callback in callbacks]), callbacks
 
@@ -717,6 +728,10 @@ class _Enumerator(_Served):
 _ENUM_TABLE, _ENUM_CALLBACKS = _table(
     (_Enumerator.next, (_U32, ctypes.POINTER(_Variant), ctypes.POINTER(_U32))), (_Enumerator.refuse, (_U32,)),
     (_Enumerator.refuse, ()), (_Enumerator.refuse, (ctypes.POINTER(_P),)))
+
+
+class _Missing(Exception):
+    """A member that the host's object has not."""
 
 
 class _HostObject(_Served):
@@ -771,16 +786,21 @@ class _HostObject(_Served):
         elif 1 <= number <= len(self.names):
             name = self.names[number - 1]
         else:
-            raise AttributeError
-        if flags & (_PUT | _PUTREF):
-            setattr(self.target, name, arguments[-1])
-            return None
-        member = getattr(self.target, name)
+            raise _Missing
+        try:
+            if flags & (_PUT | _PUTREF):
+                setattr(self.target, name, arguments[-1])
+                return None
+            member = getattr(self.target, name)
+        except AttributeError as error:
+            if error.name == name and error.obj is self.target:
+                raise _Missing from None
+            raise  # what a property's own code lacks
         return member(*arguments) if callable(member) and _is_routine(member) else member
 
     def _walk(self) -> Any:
         if not hasattr(self.target, "__iter__"):
-            raise AttributeError
+            raise _Missing
         return _Enumerator(iter(self.target))
 
     @staticmethod
@@ -835,9 +855,7 @@ def _serve(served: _HostObject, number: int, flags: int, parameters: _Parameters
         if served.event_sink and number not in range(1, len(served.names) + 1):
             return _signed(_MEMBERNOTFOUND)
         answer = served.answer(number, flags, arguments)
-    except AttributeError as error:
-        if error.obj not in (None, served.target):
-            raise
+    except _Missing:
         return _signed(_MEMBERNOTFOUND)
     for variant, argument in zip(variants, arguments):
         if isinstance(argument, Ref):
@@ -908,7 +926,7 @@ def connect(document: Object, sink: Any) -> Connection:
     _release(container)
     served = _HostObject(sink, list(_EVENT_NAMES), event_sink=True)
     try:
-        _check(_advise(point.value, served.pointer, ctypes.byref(cookie)))
+        _check(_advise(_left(point), served.pointer, ctypes.byref(cookie)))
     finally:
         _Served.let_go(served.pointer)
-    return Connection(point.value, cookie.value)
+    return Connection(_left(point), cookie.value)

@@ -4,11 +4,13 @@ import json
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 import uuid
+from collections.abc import Callable
 
 import brevant_canvas as bc
 
@@ -20,15 +22,28 @@ EXPORTS = """DllGetClassObject DllCanUnloadNow DllRegisterServer DllUnregisterSe
     SafeArrayGetElement SafeArrayPutElement SafeArrayGetLBound SafeArrayGetUBound SafeArrayGetDim""".split()
 
 
+# Every public class that the library will have in the end, and two of the boundary's own.
+PUBLIC = set("""clsBVTCanvas clsBVTBlock clsBVTBlockCol clsBVTInPort clsBVTEdge clsBVTEdgeCol clsBVTNodePosition
+    clsBVTUndoBuffer clsBVTGetBlockObject IBlockAttribute clsBVTDataValidation clsBVTAbortMotion clsBVTChangeDynamics
+    clsBVTMoveAxis clsBVTJogAxis clsBVTHomeAxis clsBVTIncrementPosition clsBVTDefinePosition clsBVTTorque
+    clsBVTGearRatio clsBVTGearingOnOff clsBVTAdvancedGearing clsBVTCAMOnOff clsBVTScaleCAM clsBVTCAMShift
+    clsBVTAdvancedCAM clsBVTLatchOnOff clsBVTLatchTarget clsBVTIfEvent clsBVTOnTime clsBVTInput clsBVTServoOnOff
+    clsBVTRestartProgram clsBVTSuspendProgram clsBVTSuperBlock clsBVTSetVariable clsBVTProgrammableLimitSwitch
+    clsBVTStart clsBVTEnd clsBVTIfFault clsBVTResetFault clsBVTMessageIn clsBVTMessageOut clsBVTNodeText
+    clsBVTExpressionBuilder clsBVTDataList clsBVTEditNodeName clsBVTKX410 clsBVTRVQD clsBVTCOM1 clsBVTCOM2
+    clsBVTNetwork clsBVTRemoteIO clsBVTExternalEncoder clsBVTMasterEncoder clsBVTDX260 clsBVTOperatorInterface
+    clsBVTPC clsBVTAxioLane Library""".split())
+STANDARD = {"unordered_map", "string_view", "type_traits"}
+
+
 def creatable() -> list[str]:
     return re.findall(r"^ +CLASS(?:_BY)?\((\w+)", (ROOT / "component/class_list.cpp").read_text(), re.MULTILINE)
 
 
-def registration(**environment: str) -> subprocess.CompletedProcess:
+def registration(**environment: str) -> Callable[[str], subprocess.CompletedProcess[str]]:
     code = "import brevant_canvas as bc, sys; getattr(bc, sys.argv[1])()"
-    run = lambda action: subprocess.run([sys.executable, "-B", "-c", code, action], capture_output=True, text=True,
-                                        env={**os.environ, **environment}, check=False)
-    return run
+    return lambda action: subprocess.run([sys.executable, "-B", "-c", code, action], capture_output=True, text=True,
+                                         env={**os.environ, **environment}, check=False)
 
 
 class Library(unittest.TestCase):
@@ -46,6 +61,30 @@ class Library(unittest.TestCase):
             for header in (ROOT / folder).glob("*.h"):
                 found |= set(re.findall(r"^(?:struct|class) (clsBVT\w+)[^;]*\{", header.read_text(), re.MULTILINE))
         self.assertEqual(found - set(creatable()), set())
+
+    def test_no_other_class_is_listed(self) -> None:
+        self.assertEqual(set(creatable()) - PUBLIC, set())
+
+    def test_one_line_adds_a_class(self) -> None:
+        line = "    CLASS(clsBVTNewcomer),\n"
+        source = (ROOT / "component/class_list.cpp").read_text().replace("    CLASS(clsBVTEdge),\n", line)
+        with tempfile.TemporaryDirectory() as folder:
+            for part in ("tools/identifiers", "component/class_list.cpp"):
+                pathlib.Path(folder, part).parent.mkdir()
+            tool = shutil.copy(ROOT / "tools/identifiers", pathlib.Path(folder, "tools"))
+            pathlib.Path(folder, "component/class_list.cpp").write_text(source)
+            subprocess.run([tool], check=True)
+            table = pathlib.Path(folder, "component/identifiers.inc").read_text()
+        self.assertIn('{"clsBVTNewcomer",', table)
+        self.assertNotIn('{"clsBVTEdge",', table)
+
+    def test_what_differs_between_platforms_has_a_folder_of_its_own(self) -> None:
+        for file in [*(ROOT / "component").glob("*.h"), *(ROOT / "component").glob("*.cpp")]:
+            with self.subTest(file.name):
+                text = file.read_text()
+                self.assertEqual(re.findall(r"^ *#\s*if.*", text, re.MULTILINE), [])
+                self.assertEqual([name for name in re.findall(r"#include <(.*)>", text) if not name.isalnum()
+                                  and name not in STANDARD], [])
 
     def test_every_class_answers(self) -> None:
         for name in creatable():
@@ -93,6 +132,35 @@ class Registration(unittest.TestCase):
             (blocked / "brevant/components/Canvas.json").mkdir(parents=True)
             self.assertNotEqual(run("register").returncode, 0)
             self.assertEqual([p.name for p in (blocked / "brevant/components").rglob("*")], ["Canvas.json"])
+
+    def test_a_user_who_may_not_write_changes_nothing(self) -> None:
+        if os.getuid() != 0:
+            self.skipTest("only root can become another user")
+        with tempfile.TemporaryDirectory() as folder:
+            os.chmod(folder, 0o755)
+            library = shutil.copy(LIBRARY, folder)
+            data = pathlib.Path(folder, "data")
+            code = ("import brevant_canvas as bc, os, sys; bc.load(); os.setgroups([]); os.setgid(65534); "
+                    "os.setuid(65534); getattr(bc, sys.argv[1])()")
+
+            def run(action: str) -> subprocess.CompletedProcess[str]:
+                return subprocess.run([sys.executable, "-B", "-c", code, action], capture_output=True, text=True,
+                                      env={**os.environ, "BREVANT_CANVAS": library, "XDG_DATA_HOME": str(data)},
+                                      check=False)
+            data.mkdir(mode=0o755)
+            refused = run("register")
+            self.assertIn("0x80040201", refused.stderr)
+            self.assertEqual(list(data.rglob("*")), [])
+            known = data / "brevant/components/Canvas.json"
+            known.parent.mkdir(parents=True)
+            known.write_text("of another version")
+            for action in ("register", "unregister"):
+                self.assertIn("0x80040201", run(action).stderr)
+                self.assertEqual(known.read_text(), "of another version")
+                self.assertEqual(list(known.parent.iterdir()), [known])
+            for owned in (known.parent, known):
+                os.chown(owned, 65534, 65534)
+            self.assertEqual(run("register").returncode, 0, "who may write")
 
 
 if __name__ == "__main__":
