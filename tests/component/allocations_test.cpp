@@ -71,6 +71,23 @@ TEST(Allocations, CallsIntoTheLibraryWithoutTextTakeNothing) {
     }
 }
 
+TEST(Allocations, ATextIntoTheLibraryTakesTwoWhenItIsLong) {
+    const auto canvas = dispatchOf(make<clsBVTCanvas>());
+    const DISPID number = numberOf(canvas.get(), "OpenQuote");
+    const auto taken = [&](std::size_t length) {
+        const OwnedText text(std::string(length, 'a'));
+        VARIANT argument{};
+        argument.vt = VT_BSTR;
+        argument.bstrVal = text.get();
+        DISPPARAMS parameters{&argument, nullptr, 1, 0};
+        return allocationsOf([&] {
+            canvas->Invoke(number, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+        });
+    };
+    EXPECT_EQ(taken(15), 0u);
+    EXPECT_EQ(taken(40), 2u);
+}
+
 TEST(Allocations, CallsIntoAHostWithoutTextTakeNothing) {
     const auto host = makeHost();
     host.get()->numbered = [](const HostCall& call) {
