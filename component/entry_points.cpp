@@ -5,26 +5,21 @@
 #include "component/failure.h"
 #include "component/identifiers.h"
 #include "component/platform/registration.h"
-#include "tracing/options.h"
+#include "tracing/faults.h"
 
 namespace canvas::component {
 namespace {
 
-/// Undoes the start routine when the library is unloaded.
-struct FilterEnd {
-    ~FilterEnd() { tracing::vbwUnHandleException(); }
+/// Undoes, when the library is unloaded, what the start routine did at its first use, whichever call that was.
+struct Unloading {
+    ~Unloading() { tracing::vbwUnHandleException(); }
 };
-
-void start() {
-    tracing::vbwInitialize();
-    static const FilterEnd end;
-}
+const Unloading atUnloading;
 
 HRESULT giveFactory(REFCLSID clsid, REFIID riid, void** answer) {
     const ClassIdentifiers* row = identifiersOf(clsid);
     const Class* known = row ? classNamed(row->name) : nullptr;
     if (!known || !known->create) return CLASS_E_CLASSNOTAVAILABLE;
-    start();
     Com<Factory> factory;
     *factory.out() = new Factory(*known);
     return factory->QueryInterface(riid, answer);

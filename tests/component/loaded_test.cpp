@@ -1,6 +1,7 @@
 // The shared library as hosts load it, several times in one process.
 
 #include <csignal>
+#include <cstdlib>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -31,6 +32,14 @@ public:
         return object;
     }
 
+    /// One call of an entry point, which fails where it would change something.
+    void callAlone(const std::string& entry) const {
+        void* none = nullptr;
+        if (entry == "DllGetClassObject")
+            function<HRESULT(REFCLSID, REFIID, void**)>("DllGetClassObject")(IID_NULL, IID_IClassFactory, &none);
+        else function<HRESULT()>(entry.c_str())();
+    }
+
 private:
     template <class Signature>
     Signature* function(const char* name) const {
@@ -47,6 +56,13 @@ bool isMapped() {
 
 using Handlers = std::vector<const void*>;
 
+/// Registration has nowhere to write to.
+struct NoDataFolder : ::testing::Test {
+    void SetUp() override { setenv("XDG_DATA_HOME", "/dev/null", 1); }
+    void TearDown() override { unsetenv("XDG_DATA_HOME"); }
+};
+using LoadedLibrary = NoDataFolder;
+
 Handlers handlers() {
     Handlers found;
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP}) {
@@ -58,7 +74,7 @@ Handlers handlers() {
     return found;
 }
 
-TEST(LoadedLibrary, ComesAndGoesSeveralTimes) {
+TEST_F(LoadedLibrary, ComesAndGoesSeveralTimes) {
     const Handlers before = handlers();
     for (int i = 0; i < 5; ++i) {
         SCOPED_TRACE(i);
@@ -83,7 +99,21 @@ TEST(LoadedLibrary, ComesAndGoesSeveralTimes) {
     }
 }
 
-TEST(LoadedLibrary, StaysForWhatEverIsHeld) {
+TEST_F(LoadedLibrary, LeavesNoHandlerBehindWhateverItsOneCallWas) {
+    const Handlers before = handlers();
+    for (const char* entry : {"DllCanUnloadNow", "DllRegisterServer", "DllUnregisterServer", "DllGetClassObject"}) {
+        SCOPED_TRACE(entry);
+        {
+            const Loaded library;
+            ASSERT_TRUE(library) << dlerror();
+            library.callAlone(entry);
+        }
+        EXPECT_FALSE(isMapped());
+        EXPECT_EQ(handlers(), before);
+    }
+}
+
+TEST_F(LoadedLibrary, StaysForWhateverIsHeld) {
     const Loaded library;
     ASSERT_TRUE(library) << dlerror();
     auto blocks = library.create("clsBVTBlockCol");
