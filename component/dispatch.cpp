@@ -24,7 +24,7 @@ HRESULT numbers(const MemberList& members, REFIID riid, LPOLESTR* names, UINT co
 HRESULT call(Dispatch& self, const MemberList& members, REFIID riid, const Call& call) {
     if (!(riid == IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     const Com<Dispatch> alive(&self);
-    return guarded([&] { return invoke(self.object(), members, call); });
+    return guarded([&] { return invoke(self.object(), members, call); }, call.exception);
 }
 
 }  // namespace

@@ -29,14 +29,15 @@ auto outside(Call&& call) {
     return call();
 }
 
-/// Runs the body of an interface's function: nothing thrown leaves it, and a machine fault inside is an error too.
+/// Runs the body of an interface's function: nothing thrown leaves it, and a machine fault inside is an error too, told
+/// in `info` where the caller has one.
 template <class Body>
-HRESULT guarded(Body&& body) noexcept {
+HRESULT guarded(Body&& body, EXCEPINFO* info = nullptr) noexcept {
     try {
         const tracing::InLibrary inside;
         return body();
     } catch (...) {
-        return resultOfCaught();
+        return resultOfCaught(info);
     }
 }
 

@@ -76,13 +76,16 @@ TEST(HostileHosts, AHostThatCallsBackWithoutEndEndsAsAnError) {
     Com<FakeHost> host;
     int depth = 0;
     host = checker([&](const HostCall& call) {
-        if (++depth == 200) return fail(call, 28, "deep enough");
+        ++depth;
         const Outcome inner = check(attribute.get(), host);
         return inner.result == DISP_E_EXCEPTION ? fail(call, static_cast<int>(inner.scode & 0xFFFF), inner.description)
                                                 : call.answer(std::int32_t{0});
     });
     const Outcome outcome = check(attribute.get(), host);
-    EXPECT_EQ(static_cast<unsigned>(outcome.scode), 0x800A001Cu);
+    EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
+    EXPECT_EQ(static_cast<unsigned>(outcome.scode), 0x800A01B8u);
+    EXPECT_EQ(outcome.description, "Exception: Stack Overflow");
+    EXPECT_GT(depth, 200);
     host.get()->members.clear();
 }
 
