@@ -4,6 +4,7 @@
 #include "component/factory.h"
 #include "component/failure.h"
 #include "component/identifiers.h"
+#include "component/library.h"
 #include "component/platform/registration.h"
 #include "tracing/faults.h"
 
@@ -12,7 +13,10 @@ namespace {
 
 /// Undoes, when the library is unloaded, what the start routine did at its first use, whichever call that was.
 struct Unloading {
-    ~Unloading() { tracing::vbwUnHandleException(); }
+    ~Unloading() {
+        tracing::vbwUnHandleException();
+        endLibrary();
+    }
 };
 const Unloading atUnloading;
 

@@ -28,6 +28,8 @@ private:
     std::string m_version;
 };
 
+constinit Library* library = nullptr;
+
 /// The library's own ports, as they were when it was loaded.
 const Environment& ownPorts() {
     static const Environment own = environment();
@@ -63,8 +65,14 @@ std::int32_t Library::LiveObjects() const noexcept { return Held::objects; }
 
 Ref<Object> theLibrary() {
     ownPorts();
-    static const Ref<Library>& library = *new Ref<Library>(make<Library>());  // at the process's end its host is gone
-    return library;
+    if (!library) library = make<Library>().detach();
+    return Ref<Library>(library);
+}
+
+void endLibrary() noexcept {
+    if (Held::objects || Held::others || (library && library->Interaction())) return;
+    if (library) library->release();
+    endOwnEnvironment();
 }
 
 }  // namespace canvas::component

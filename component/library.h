@@ -33,4 +33,8 @@ private:
 
 Ref<Object> theLibrary();
 
+/// When the library is unloaded: lets go what it keeps for the process. Not so while anything is held on either side:
+/// it may be the process that ends, and the host be gone.
+void endLibrary() noexcept;
+
 }  // namespace canvas::component

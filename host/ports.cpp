@@ -62,17 +62,19 @@ std::string folderOfProgram() {
     return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().string();
 }
 
-/// Never destroyed: statics that are destroyed later may still ask for it.
+constinit Environment* own = nullptr;
+
+/// Not destroyed with the other statics: those that go later may still ask for it.
 Environment& ownEnvironment() {
-    static Environment& own = *new Environment{
+    static Environment& made = *(own = new Environment{
         .interaction = std::make_shared<Unattended>(),
         .files = makeDisk(),
         .clock = std::make_shared<SystemClock>(),
         .process = std::make_shared<ThisProcess>(),
         .utility = makeUtilityLibrary(),
         .application = {.path = folderOfProgram()},
-    };
-    return own;
+    });
+    return made;
 }
 
 thread_local Environment* innermost = nullptr;
@@ -80,6 +82,8 @@ thread_local Environment* innermost = nullptr;
 }  // namespace
 
 Environment& environment() { return innermost ? *innermost : ownEnvironment(); }
+
+void endOwnEnvironment() noexcept { delete std::exchange(own, nullptr); }
 
 WithEnvironment::WithEnvironment(Environment own) : m_own(std::move(own)), m_before(innermost) {
     const Environment& before = environment();

@@ -79,6 +79,10 @@ struct Environment {
 /// give the empty text, the rest does nothing. Files, clock and process are the machine's.
 Environment& environment();
 
+/// Lets the process's own environment go, where the library is taken out of the process. Nothing may ask for it
+/// afterwards.
+void endOwnEnvironment() noexcept;
+
 /// Puts an environment in force on this thread until the end of a scope. Null ports are filled from the one before.
 class WithEnvironment {
 public:
