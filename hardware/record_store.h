@@ -13,9 +13,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "host/value.h"
+#include "host/array.h"
 
 namespace canvas::store {
 

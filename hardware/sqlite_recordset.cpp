@@ -1,0 +1,296 @@
+#include "hardware/sqlite_recordset.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "host/object.h"
+
+namespace canvas::store {
+namespace {
+
+/// The record number stands in front of the fields.
+constexpr int firstField = 1;
+
+Ordinal placeOf(const std::vector<std::string>& names, std::string_view field) {
+    const auto name = std::find_if(names.begin(), names.end(), [&](const auto& n) { return sameName(n, field); });
+    if (name == names.end())
+        raise(Error::itemNotFound, std::string(descriptionOf(static_cast<int>(Error::itemNotFound))) + ": " +
+                                       std::string(field));
+    return static_cast<Ordinal>(name - names.begin());
+}
+
+std::vector<std::string> namesOf(const Statement& statement, int first) {
+    std::vector<std::string> names;
+    for (int column = first; column < statement.columnCount(); ++column) names.emplace_back(statement.columnName(column));
+    return names;
+}
+
+bool isNumber(const Value& value) { return value.kind() >= Kind::boolean && value.kind() <= Kind::doubleFloat; }
+
+bool meets(const Value& stored, const Value& wanted) {
+    if (stored.is(Kind::null) || wanted.is(Kind::null)) return false;
+    if (isNumber(stored) && isNumber(wanted)) return stored.toDouble() == wanted.toDouble();
+    return stored.toText() == wanted.toText();
+}
+
+}  // namespace
+
+Dynaset::Dynaset(std::shared_ptr<Connection> connection, std::string_view table)
+    : m_connection(std::move(connection)), m_table(quoted(table)) {
+    m_walk = m_connection->prepare(select(" WHERE _rowid_>?1 ORDER BY _rowid_"));
+    m_names = namesOf(m_walk, firstField);
+    m_cells.resize(m_names.size());
+    Dynaset::moveFirst();
+}
+
+Connection& Dynaset::open() const {
+    if (!m_connection) raise(Error::objectNotSet);
+    return *m_connection;
+}
+
+std::string Dynaset::select(std::string_view rest) const {
+    return std::string("SELECT _rowid_,* FROM ").append(m_table).append(rest);
+}
+
+void Dynaset::drop() noexcept {
+    m_edit = Edit::none;
+    m_changes.clear();
+}
+
+void Dynaset::standOn(Statement& source, Place otherwise) {
+    drop();
+    m_source = nullptr;  // and if the step fails, the move can be repeated
+    m_walking = false;
+    const bool there = source.step();
+    for (auto& cell : m_cells) cell.reset();
+    m_walking = &source == &m_walk;
+    if (there) m_source = &source;
+    m_place = there ? Place::record : otherwise;
+    if (there) m_row = source.number(0);
+}
+
+void Dynaset::moveFirst() {
+    open();
+    m_walk.reset();
+    m_walk.bind(1, std::numeric_limits<std::int64_t>::min());
+    standOn(m_walk, Place::end);
+}
+
+void Dynaset::moveNext() {
+    open();
+    if (m_place == Place::end) raise(Error::noCurrentRecord);
+    if (m_place == Place::begin) return moveFirst();
+    if (!m_walking) {
+        m_walk.reset();
+        m_walk.bind(1, m_row);
+    }
+    standOn(m_walk, Place::end);
+}
+
+void Dynaset::movePrevious() {
+    if (m_place == Place::begin) raise(Error::noCurrentRecord);
+    if (m_place == Place::end) return moveLast();
+    m_spot = open().prepare(select(" WHERE _rowid_<?1 ORDER BY _rowid_ DESC LIMIT 1"));
+    m_spotSql.clear();
+    m_spot.bind(1, m_row);
+    standOn(m_spot, Place::begin);
+}
+
+void Dynaset::moveLast() {
+    m_spot = open().prepare(select(" ORDER BY _rowid_ DESC LIMIT 1"));
+    m_spotSql.clear();
+    standOn(m_spot, Place::end);
+}
+
+void Dynaset::findFirst(std::initializer_list<Criterion> conditions) {
+    drop();
+    std::string rest;
+    for (const Criterion& condition : conditions)
+        rest.append(rest.empty() ? " WHERE " : " AND ").append(quoted(m_names[ordinal(condition.field)])).append("=?");
+    rest.append(" ORDER BY _rowid_ LIMIT 1");
+    if (m_source == &m_spot) m_source = nullptr;  // read again, if it stays the current one
+    if (rest != m_spotSql) m_spot = open().prepare(select(rest));
+    else m_spot.reset();
+    m_spotSql = std::move(rest);
+    int place = 0;
+    for (const Criterion& condition : conditions) m_spot.bind(++place, condition.value);
+    m_noMatch = !m_spot.step();
+    if (m_noMatch) return;
+    for (auto& cell : m_cells) cell.reset();
+    m_walking = false;
+    m_source = &m_spot;
+    m_place = Place::record;
+    m_row = m_spot.number(0);
+}
+
+std::int32_t Dynaset::recordCount() {
+    Statement count = open().prepare("SELECT count(*) FROM " + m_table);
+    count.step();
+    return count.value(0).toLong();
+}
+
+std::size_t Dynaset::fieldCount() const { return m_names.size(); }
+
+Ordinal Dynaset::ordinal(std::string_view field) const { return placeOf(m_names, field); }
+
+void Dynaset::requireCurrent() const {
+    open();
+    if (m_place != Place::record) raise(Error::noCurrentRecord);
+}
+
+const Value& Dynaset::field(Ordinal ordinal) {
+    static const Value null{Null{}};
+    if (m_edit != Edit::none) {
+        for (const Change& change : m_changes)
+            if (change.ordinal == ordinal) return change.value;
+        if (m_edit == Edit::addition) return null;
+    }
+    requireCurrent();
+    std::optional<Value>& cell = m_cells.at(ordinal);
+    if (cell) return *cell;
+    if (!m_source) {
+        m_spot = open().prepare(select(" WHERE _rowid_=?1"));
+        m_spotSql.clear();
+        m_spot.bind(1, m_row);
+        if (!m_spot.step()) raise(Error::noCurrentRecord);
+        m_source = &m_spot;
+    }
+    return cell.emplace(m_source->value(firstField + static_cast<int>(ordinal)));
+}
+
+void Dynaset::edit() {
+    requireCurrent();
+    drop();
+    m_edit = Edit::change;
+}
+
+void Dynaset::addNew() {
+    open();
+    drop();
+    m_edit = Edit::addition;
+}
+
+void Dynaset::requireEdit() const {
+    if (m_edit == Edit::none) throw ContractViolation("a record is changed without an edit");
+}
+
+void Dynaset::put(Ordinal ordinal, const Value& value) {
+    requireEdit();
+    for (Change& change : m_changes)
+        if (change.ordinal == ordinal) {
+            change.value = value;
+            return;
+        }
+    m_changes.push_back({ordinal, value});
+}
+
+Statement& Dynaset::writer() {
+    const bool same = m_writerEdit == m_edit && std::equal(m_writerFields.begin(), m_writerFields.end(), m_changes.begin(),
+                                                           m_changes.end(), [](Ordinal a, const Change& b) {
+                                                               return a == b.ordinal;
+                                                           });
+    if (same) return m_writer;
+    std::string names, places, sets;
+    m_writerFields.clear();
+    for (const Change& change : m_changes) {
+        const char* comma = m_writerFields.empty() ? "" : ",";
+        const std::string name = quoted(m_names[change.ordinal]);
+        names.append(comma).append(name);
+        places.append(comma).append("?");
+        sets.append(comma).append(name).append("=?");
+        m_writerFields.push_back(change.ordinal);
+    }
+    m_writerEdit = m_edit;
+    if (m_edit == Edit::change) m_writer = open().prepare("UPDATE " + m_table + " SET " + sets + " WHERE _rowid_=?");
+    else if (m_changes.empty()) m_writer = open().prepare("INSERT INTO " + m_table + " DEFAULT VALUES");
+    else m_writer = open().prepare("INSERT INTO " + m_table + " (" + names + ") VALUES (" + places + ")");
+    return m_writer;
+}
+
+void Dynaset::update() {
+    requireEdit();
+    const bool changing = m_edit == Edit::change;
+    if (changing && m_changes.empty()) return drop();
+    Statement& statement = writer();
+    statement.reset();
+    int place = 0;
+    for (const Change& change : m_changes) statement.bind(++place, change.value);
+    if (changing) statement.bind(++place, m_row);
+    statement.run();
+    if (changing && sqlite3_changes(m_connection->handle()) == 0) raise(Error::noCurrentRecord);
+    drop();
+    if (!changing) return;
+    // as the store has it now: a column may have turned a number into text
+    m_source = nullptr;
+    for (auto& cell : m_cells) cell.reset();
+}
+
+void Dynaset::remove() {
+    requireCurrent();
+    drop();
+    Statement statement = m_connection->prepare("DELETE FROM " + m_table + " WHERE _rowid_=?1");
+    statement.bind(1, m_row);
+    statement.run();
+    m_place = Place::gone;
+    m_source = nullptr;
+}
+
+std::unique_ptr<Recordset> Dynaset::openSorted() {
+    const std::string order = m_sort.empty() ? std::string() : quoted(m_names[ordinal(m_sort)]) + ",";
+    return std::make_unique<Snapshot>(open(), "SELECT * FROM " + m_table + " ORDER BY " + order + "_rowid_");
+}
+
+void Dynaset::close() {
+    drop();
+    m_source = nullptr;
+    for (Statement* statement : {&m_walk, &m_spot, &m_writer}) *statement = Statement();
+    m_connection.reset();
+}
+
+Snapshot::Snapshot(Connection& connection, const std::string& sql) {
+    Statement query = connection.prepare(sql);
+    m_names = namesOf(query, 0);
+    const int columns = query.columnCount();
+    while (query.step()) {
+        for (int column = 0; column < columns; ++column) m_values.push_back(query.value(column));
+        ++m_rows;
+    }
+}
+
+void Snapshot::moveNext() {
+    if (eof()) raise(Error::noCurrentRecord);
+    ++m_at;  // from the place before the first record, to the first
+}
+
+void Snapshot::movePrevious() {
+    if (bof()) raise(Error::noCurrentRecord);
+    --m_at;
+}
+
+void Snapshot::findFirst(std::initializer_list<Criterion> conditions) {
+    std::vector<std::pair<Ordinal, const Value*>> wanted;
+    for (const Criterion& condition : conditions) wanted.emplace_back(ordinal(condition.field), &condition.value);
+    for (std::size_t row = 0; row < m_rows; ++row) {
+        const Value* values = m_values.data() + row * m_names.size();
+        if (!std::all_of(wanted.begin(), wanted.end(), [&](const auto& w) { return meets(values[w.first], *w.second); }))
+            continue;
+        m_at = row;
+        m_noMatch = false;
+        return;
+    }
+    m_noMatch = true;
+}
+
+Ordinal Snapshot::ordinal(std::string_view field) const { return placeOf(m_names, field); }
+
+const Value& Snapshot::field(Ordinal ordinal) {
+    if (eof() || bof()) raise(Error::noCurrentRecord);
+    return m_values.at(m_at * m_names.size() + ordinal);
+}
+
+void Snapshot::close() {
+    m_values.clear();
+    m_rows = m_at = 0;
+}
+
+}  // namespace canvas::store
