@@ -1,6 +1,7 @@
 #pragma once
 // Module: one configurable hardware module, a matrix of properties that mirrors the module's rows in the store.
 
+#include <array>
 #include <memory>
 #include <span>
 #include <string>
@@ -18,20 +19,20 @@ class CsvReader;
 
 /// What one module's class does differently from the others.
 struct ModuleClass {
-    std::string_view name;
+    std::string_view name{};
     mtModuleType group = mtNone;
-    std::string_view query;
+    std::string_view query{};
     std::int16_t rows = 0;
 
     /// The first field of its file, and the group whose rows the file holds.
-    std::string_view tag;
+    std::string_view tag{};
     mtModuleType fileGroup = mtNone;
     /// How many property lines an import reads; 0 reads to the end. A file with that limit holds the remote nodes too.
     std::int16_t fileLines = 0;
 
     /// Source texts of errors that an operation raises again, to the letter. None: the error branch answers instead,
     /// or for reading, a message box.
-    std::string_view readSource, saveSource, exportSource, importSource;
+    std::string_view readSource{}, saveSource{}, exportSource{}, importSource{};
 
     /// SaveToDB answers true instead of nothing.
     bool saveAnswers = false;
@@ -39,8 +40,21 @@ struct ModuleClass {
     bool restoreMarks = true;
     /// The store is closed again after each operation.
     bool closesStore = false;
+    /// What reading does to the store.
+    store::Access reads = store::Access::read;
     /// Property numbers whose values ReadFromDB gives to its parameters, in the parameters' order.
     std::span<const std::int16_t> parameterRows{};
+};
+
+/// Where a query keeps the members of DataArray.
+using MatrixColumns = std::array<store::Ordinal, std::size(queryColumns)>;
+
+/// The fields of a row in the table of all properties.
+struct PropertyColumns {
+    explicit PropertyColumns(const store::Recordset& rows);
+    bool isOf(mtModuleType module, store::Recordset& row) const;
+
+    store::Ordinal group, number, value, dirty;
 };
 
 /// The row of a group. ContractViolation for mtNone.
@@ -89,7 +103,6 @@ protected:
     /// The open store; error 91 when there is none.
     store::Database& database() const;
     void openStore();
-    void closeStore();
 
     /// The matrix's value of a row being read.
     virtual Value shownValue(store::Recordset& row, const Value& stored);
@@ -98,14 +111,18 @@ protected:
     /// Called after a row of that number has been read and its parameter, if any, filled.
     virtual void rowRead(std::int32_t, Parameters) {}
     /// Fills the edit of a row that is being saved.
-    virtual void putValue(store::Recordset& row, std::int32_t number);
-    /// Reads the second section of a file, up to its end. False after a refusal.
-    virtual bool importNodes(CsvReader&) { return true; }
+    virtual void putValue(store::Recordset& row, const PropertyColumns& columns, std::int32_t number);
+    /// Reads the lines of the second section of a file, up to its end.
+    virtual void importNodes(CsvReader&) {}
 
 private:
-    template <class Run>
-    void saveRows(Run& run);
-    void readRow(store::Recordset& row, std::int32_t i, Parameters parameters);
+    void readRows(Parameters parameters);
+    void readRow(store::Recordset& row, const MatrixColumns& columns, std::int32_t i, Parameters parameters);
+    /// Runs `change` over the rows of the group, each in an edit of its own, and stores them together.
+    template <class Run, class Change>
+    tracing::Flow changeRows(Run& run, Change change);
+    bool importSections(CsvReader& file);
+    void importLine(store::Recordset& rows, CsvReader& file);
 
     const ModuleClass& m_class;
 };

@@ -27,7 +27,10 @@ public:
     std::string GetAxiolaneNodes(Value& arNodeList);
 
 private:
+    /// -1 when there is none.
     std::int32_t rowOf(std::string_view property) const;
+    template <class Take>
+    void takeSetting(std::string_view procedure, std::string_view property, Take&& take);
     std::int16_t importedNetworkType() override { return NetworkType(); }
 };
 

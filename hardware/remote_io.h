@@ -54,6 +54,13 @@ public:
     std::shared_ptr<store::Database> dbRemoteIO;
 
 private:
+    /// The open store of the nodes; error 91 when there is none.
+    store::Database& nodes() const;
+    bool isThere(std::string_view field, std::string_view value) const;
+    bool rename(std::string_view procedure, std::string_view field, std::string_view next, std::string_view old);
+    template <class Run>
+    tracing::Flow changeWords(Run& run, store::Recordset& node, Side side, const std::string& words,
+                              const std::string& letter);
     std::int16_t importedNetworkType() override { return m_importedNetworkType; }
 
     std::int16_t m_importedNetworkType = unknownNetwork;

@@ -19,7 +19,7 @@ public:
 
 private:
     Value shownValue(store::Recordset& row, const Value& stored) override;
-    void putValue(store::Recordset& row, std::int32_t number) override;
+    void putValue(store::Recordset& row, const PropertyColumns& columns, std::int32_t number) override;
 };
 
 }  // namespace canvas
