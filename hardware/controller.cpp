@@ -34,7 +34,7 @@ void clsBVTKX410::rowRead(std::int32_t number, Parameters parameters) {
     if (!isAtMostZero(cell(PropertyValue, row))) return;
     cell(PropertyValue, row) = one;
     for (std::size_t p = 0; p < parameters.size(); ++p)
-        if (moduleClass().parameterRows[p] == number) *parameters[p] = "1";
+        if (moduleClass().parameterRows[p] == number) parameters[p]->assign(1, '1');
 }
 
 std::span<const Member> clsBVTKX410::table() noexcept {
