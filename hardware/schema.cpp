@@ -18,7 +18,7 @@ namespace {
 constexpr const char* tables = R"(
 CREATE TABLE tblSystemProperties (
     groupID INTEGER NOT NULL, PropertyNumber INTEGER NOT NULL, Value TEXT, "Default" TEXT,
-    Dirty INTEGER NOT NULL DEFAULT 0, DisplayFormat TEXT,
+    Dirty INTEGER DEFAULT 0, DisplayFormat TEXT,
     PRIMARY KEY (groupID, PropertyNumber));
 CREATE TABLE tblPropertyNumberLookup (
     groupID INTEGER NOT NULL, PropertyNumber INTEGER NOT NULL, PropertyName TEXT NOT NULL,
@@ -30,7 +30,7 @@ CREATE TABLE tblDropDownComboLookUp (
 CREATE INDEX idxDropDownCombo ON tblDropDownComboLookUp (DropDownComboID);
 CREATE TABLE tblRemoteIO (
     Node TEXT, Name TEXT, NodeType TEXT, InputWords TEXT, OutputWords TEXT, InputBaseAddress TEXT,
-    OutputBaseAddress TEXT, TypeCode TEXT, MessageType TEXT, Dirty INTEGER NOT NULL DEFAULT 0);
+    OutputBaseAddress TEXT, TypeCode TEXT, MessageType TEXT, Dirty INTEGER DEFAULT 0);
 CREATE INDEX idxRemoteNode ON tblRemoteIO (Node);
 CREATE INDEX idxRemoteName ON tblRemoteIO (Name);
 CREATE TABLE tblAxiolaneNodes (Node TEXT, Type_code TEXT, InputWords TEXT, OutputWords TEXT);
@@ -127,12 +127,14 @@ void addQueries(sqlite3* database) {
 }
 
 void addProperties(sqlite3* database) {
-    Filled values(database, "INSERT INTO tblSystemProperties (groupID, PropertyNumber, Value, \"Default\", DisplayFormat)"
-                            " VALUES (?, ?, ?, ?, ?)");
-    Filled lookups(database,
-                   "INSERT INTO tblPropertyNumberLookup (groupID, PropertyNumber, PropertyName, DisplayTypeID, DataTypeID,"
-                   " ToolTipText, ExpressionBuilder, Accessibility, ComboLookupID, Validation, MinimumValue, MaximumValue,"
-                   " ValidateTypeID) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    Filled values(database,
+                  "INSERT INTO tblSystemProperties (groupID, PropertyNumber, Value, \"Default\", DisplayFormat)"
+                  " VALUES (?, ?, ?, ?, ?)");
+    Filled lookups(
+        database,
+        "INSERT INTO tblPropertyNumberLookup (groupID, PropertyNumber, PropertyName, DisplayTypeID, DataTypeID,"
+        " ToolTipText, ExpressionBuilder, Accessibility, ComboLookupID, Validation, MinimumValue, MaximumValue,"
+        " ValidateTypeID) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     int module = 0;
     for (const auto rows : schema::modules()) {
         ++module;

@@ -33,7 +33,8 @@ constexpr PropertyRow baudRate = choice("BaudRate", List::baudRate, "9600", "Spe
 constexpr PropertyRow dataBits = choice("DataBits", List::dataBits, "8", "Data bits of a character.");
 constexpr PropertyRow parity = choice("Parity", List::parity, "None", "Parity bit of a character.");
 constexpr PropertyRow stopBits = choice("StopBits", List::stopBits, "1", "Stop bits of a character.");
-constexpr PropertyRow portFunction = choice("Function", List::function, "Slave", "Part that the port plays on its line.");
+constexpr PropertyRow portFunction =
+    choice("Function", List::function, "Slave", "Part that the port plays on its line.");
 constexpr PropertyRow portProtocol = choice("Protocol", List::protocol, "ZELPACK", "Protocol of the line.");
 constexpr PropertyRow portMode = choice("TransmissionMode", List::transmissionMode, "RTU", "How bytes are sent.");
 

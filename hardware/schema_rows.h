@@ -71,8 +71,8 @@ struct DeviceRow {
 
 // How the rows are written.
 
-constexpr PropertyRow number(std::string_view name, brxDatatype type, std::string_view preset, double least, double most,
-                             std::string_view tip) {
+constexpr PropertyRow number(std::string_view name, brxDatatype type, std::string_view preset, double least,
+                             double most, std::string_view tip) {
     return {.name = name, .preset = preset, .type = type, .least = least, .most = most, .tip = tip};
 }
 constexpr PropertyRow hexadecimal(std::string_view name, std::string_view preset, std::string_view tip) {

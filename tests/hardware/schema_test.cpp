@@ -59,8 +59,9 @@ struct Module {
     const char* query;
     int group, rows;
 };
-constexpr Module modules[] = {{"qryRVQD", 1, 71},   {"qryKX410", 2, 15},           {"qryCOM1", 3, 7},    {"qryCOM2", 4, 8},
-                              {"qryNetwork", 5, 13}, {"qryExternalEncoder", 6, 11}, {"qryRemoteIO", 7, 9}};
+constexpr Module modules[] = {{"qryRVQD", 1, 71},   {"qryKX410", 2, 15},   {"qryCOM1", 3, 7},
+                              {"qryCOM2", 4, 8},    {"qryNetwork", 5, 13}, {"qryExternalEncoder", 6, 11},
+                              {"qryRemoteIO", 7, 9}};
 
 }  // namespace
 
@@ -98,20 +99,31 @@ TEST_F(NewStore, QueriesYieldTheFifteenColumnsInOrder) {
 
 TEST_F(NewStore, KeepsRowsThatCodeReliesOnAtTheirPlaces) {
     const std::tuple<const char*, int, const char*> places[] = {
-        {"qryKX410", 4, "Resolution"},          {"qryKX410", 5, "EncoderType"},
-        {"qryKX410", 6, "FeedConstant"},        {"qryKX410", 8, "GearboxInput"},
-        {"qryKX410", 9, "GearboxOutput"},       {"qryKX410", 11, "LoadType"},
-        {"qryKX410", 13, "MachineCycle"},       {"qryKX410", 14, "MotorRatedSpeed"},
-        {"qryExternalEncoder", 4, "FeedConstant"},  {"qryExternalEncoder", 5, "GearboxInput"},
-        {"qryExternalEncoder", 6, "GearboxOutput"}, {"qryExternalEncoder", 7, "MachineCycle"},
-        {"qryExternalEncoder", 8, "DriveType"},     {"qryExternalEncoder", 9, "PulseType"},
-        {"qryExternalEncoder", 10, "Resolution"},   {"qryCOM1", 5, "Function"},
-        {"qryCOM1", 6, "Protocol"},             {"qryCOM1", 7, "TransmissionMode"},
-        {"qryCOM2", 5, "Function"},             {"qryCOM2", 6, "Protocol"},
+        {"qryKX410", 4, "Resolution"},
+        {"qryKX410", 5, "EncoderType"},
+        {"qryKX410", 6, "FeedConstant"},
+        {"qryKX410", 8, "GearboxInput"},
+        {"qryKX410", 9, "GearboxOutput"},
+        {"qryKX410", 11, "LoadType"},
+        {"qryKX410", 13, "MachineCycle"},
+        {"qryKX410", 14, "MotorRatedSpeed"},
+        {"qryExternalEncoder", 4, "FeedConstant"},
+        {"qryExternalEncoder", 5, "GearboxInput"},
+        {"qryExternalEncoder", 6, "GearboxOutput"},
+        {"qryExternalEncoder", 7, "MachineCycle"},
+        {"qryExternalEncoder", 8, "DriveType"},
+        {"qryExternalEncoder", 9, "PulseType"},
+        {"qryExternalEncoder", 10, "Resolution"},
+        {"qryCOM1", 5, "Function"},
+        {"qryCOM1", 6, "Protocol"},
+        {"qryCOM1", 7, "TransmissionMode"},
+        {"qryCOM2", 5, "Function"},
+        {"qryCOM2", 6, "Protocol"},
         {"qryCOM2", 7, "TransmissionMode"},
     };
     for (const auto& [query, number, name] : places)
-        EXPECT_EQ(column(std::string("SELECT PropertyName FROM ") + query).at(static_cast<std::size_t>(number) - 1), name)
+        EXPECT_EQ(column(std::string("SELECT PropertyName FROM ") + query).at(static_cast<std::size_t>(number) - 1),
+                  name)
             << query;
     const Row network = column("SELECT PropertyName FROM qryNetwork");
     for (const char* name : {"Type", "Function", "SlaveNodes", "Node", "Name"}) EXPECT_THAT(network, Contains(name));
@@ -165,8 +177,9 @@ TEST_F(NewStore, CountsTheItemsOfItsLists) {
 
 TEST_F(NewStore, FindsNodesByIndex) {
     for (const char* field : {"Node", "Name"})
-        EXPECT_THAT(rows(std::string("EXPLAIN QUERY PLAN SELECT rowid FROM tblRemoteIO WHERE ") + field + " = 'x'")[0][3],
-                    HasSubstr("USING COVERING INDEX"));
+        EXPECT_THAT(
+            rows(std::string("EXPLAIN QUERY PLAN SELECT rowid FROM tblRemoteIO WHERE ") + field + " = 'x'")[0][3],
+            HasSubstr("USING COVERING INDEX"));
 }
 
 TEST_F(NewStore, LetsTwoNodesHaveOneNumber) {
