@@ -22,12 +22,18 @@ PropertyColumns::PropertyColumns(const store::Recordset& rows)
     : group(rows.ordinal("groupID")),
       number(rows.ordinal("PropertyNumber")),
       value(rows.ordinal("Value")),
-      dirty(rows.ordinal("Dirty")) {}
+      preset(rows.ordinal("Default")),
+      dirty(rows.ordinal("Dirty")),
+      format(rows.ordinal("DisplayFormat")) {}
 
 bool PropertyColumns::isOf(mtModuleType module, store::Recordset& row) const { return holds(row.field(group), module); }
 
 Module::Module(const ModuleClass& row)
     : arBlockMatrix(Array::of("Variant", {{0, lastMember}, {0, row.rows - 1}})), m_class(row) {}
+
+std::span<Value> Module::rowCells(std::int32_t row) {
+    return {&cell(PropertyName, row), lastMember + 1};  // the first index runs fastest
+}
 
 Value& Module::cell(DataArray member, std::int32_t row) {
     const std::array<std::int32_t, 2> place{member, row};
@@ -81,19 +87,16 @@ void Module::readRows(Parameters parameters) {
 }
 
 void Module::readRow(store::Recordset& row, const MatrixColumns& columns, std::int32_t i, Parameters parameters) {
-    for (std::int16_t member = PropertyName; member <= lastMember; ++member) {
-        const auto property = static_cast<DataArray>(member);
-        const Value& stored = row.field(columns[static_cast<std::size_t>(member)]);
-        cell(property, i) = property == PropertyValue ? shownValue(row, stored) : stored;
-        if (property == PropertyListItem) listRead(i);
+    const std::span<Value> cells = rowCells(i);
+    for (std::size_t member = 0; member < columns.size(); ++member) {
+        cells[member] = row.take(columns[member]);
+        if (member == PropertyListItem) listRead(i);
     }
     const std::int32_t number = i + 1;
     for (std::size_t p = 0; p < parameters.size(); ++p)
-        if (m_class.parameterRows[p] == number) *parameters[p] = row.field(columns[PropertyValue]).toText();
+        if (m_class.parameterRows[p] == number) *parameters[p] = cells[PropertyValue].toText();
     rowRead(number, parameters);
 }
-
-Value Module::shownValue(store::Recordset&, const Value& stored) { return stored; }
 
 void Module::SetBlockMatrix(std::int16_t intRow, std::int16_t intCol, const Value& vntData) {
     Procedure run(className(), "SetBlockMatrix", this, [&](Locals& l) {
@@ -157,7 +160,7 @@ void Module::RestoreDefault() {
     Procedure run(className(), "RestoreDefault", this, [](Locals&) {});
     run([&] {
         return changeRows(run, [&](store::Recordset& row, const PropertyColumns& columns) {
-            row.put(columns.value, row.field("Default"));
+            row.put(columns.value, row.field(columns.preset));
             if (m_class.restoreMarks) row.put(columns.dirty, std::int16_t{1});
         });
     }, [&] { ReadFromDB(); });

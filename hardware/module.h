@@ -54,7 +54,7 @@ struct PropertyColumns {
     explicit PropertyColumns(const store::Recordset& rows);
     bool isOf(mtModuleType module, store::Recordset& row) const;
 
-    store::Ordinal group, number, value, dirty;
+    store::Ordinal group, number, value, preset, dirty, format;
 };
 
 /// The row of a group. ContractViolation for mtNone.
@@ -98,14 +98,14 @@ protected:
     /// One import of either shape. `networkType` is asked when the nodes' addresses are taken.
     bool importFile(std::string& strCsvFilename);
 
+    /// The fifteen cells of a property row; error 9 outside the matrix.
+    std::span<Value> rowCells(std::int32_t row);
     Value& cell(DataArray member, std::int32_t row);
     const Value& cell(DataArray member, std::int32_t row) const;
     /// The open store; error 91 when there is none.
     store::Database& database() const;
     void openStore();
 
-    /// The matrix's value of a row being read.
-    virtual Value shownValue(store::Recordset& row, const Value& stored);
     /// Called once the list items of a row are read: may set its value and list.
     virtual void listRead(std::int32_t) {}
     /// Called after a row of that number has been read and its parameter, if any, filled.

@@ -65,12 +65,14 @@ public:
     /// A field of the current record, or of the record being added.
     virtual const Value& field(Ordinal ordinal) = 0;
     const Value& field(std::string_view name) { return field(ordinal(name)); }
+    /// The field for a reader that asks once: what it gives may be gone from the record.
+    virtual Value take(Ordinal ordinal) { return field(ordinal); }
 
     virtual void edit() = 0;
     virtual void addNew() = 0;
     /// Sets a field of the edit under way.
-    virtual void put(Ordinal ordinal, const Value& value) = 0;
-    void put(std::string_view field, const Value& value) { put(ordinal(field), value); }
+    virtual void put(Ordinal ordinal, Value value) = 0;
+    void put(std::string_view field, Value value) { put(ordinal(field), std::move(value)); }
     /// Ends the edit: the record is written. After an addition the current record is the one from before.
     virtual void update() = 0;
     /// Deletes the current record; there is none until the next move.

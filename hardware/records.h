@@ -48,9 +48,11 @@ private:
 /// A table's records, changed together.
 class Records {
 public:
+    /// When it fails, the store is nobody's again: a person may be asked about it for a while.
     void open(store::Database& database, std::string_view table, store::Access access) {
-        m_transaction = database.begin(access);
+        auto transaction = database.begin(access);
         m_rows = database.openDynaset(table);
+        m_transaction = std::move(transaction);
     }
     void commit() {
         if (m_transaction) m_transaction->commit();

@@ -14,7 +14,7 @@ constexpr std::string_view suffix = " H";
 /// Property 1 is set by the amplifier itself and never written.
 constexpr std::int32_t firstWritten = 2;
 
-bool isHexadecimal(store::Recordset& row) { return textOrEmpty(row.field("DisplayFormat")) == hexadecimal; }
+bool isHexadecimal(const Value& format) { return textOrEmpty(format) == hexadecimal; }
 
 std::string hexDigits(std::int32_t number) {
     char digits[8];
@@ -36,18 +36,20 @@ std::string decimalText(std::string_view shown) {
 
 }  // namespace
 
-Value clsBVTRVQD::shownValue(store::Recordset& row, const Value& stored) {
-    const std::string text = stored.toText();
-    if (!isHexadecimal(row)) return text;
-    return environment().utility->HexText(hexDigits(numbers::toLong(text))).append(suffix);
+void clsBVTRVQD::rowRead(std::int32_t number, Parameters) {
+    Value& value = cell(PropertyValue, number - 1);
+    std::string text = value.toText();
+    if (isHexadecimal(cell(PropertyDisplayFormat, number - 1)))
+        text = environment().utility->HexText(hexDigits(numbers::toLong(text))).append(suffix);
+    value = std::move(text);
 }
 
 void clsBVTRVQD::putValue(store::Recordset& row, const PropertyColumns& columns, std::int32_t number) {
     if (number < firstWritten) return;
     std::string text = textOrEmpty(cell(PropertyValue, number - 1));
     if (text.empty()) return;
-    if (isHexadecimal(row)) text = decimalText(text);
-    row.put(columns.value, text);
+    if (isHexadecimal(row.field(columns.format))) text = decimalText(text);
+    row.put(columns.value, std::move(text));
     row.put(columns.dirty, std::int16_t{1});
 }
 

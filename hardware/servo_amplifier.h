@@ -18,7 +18,7 @@ public:
     Ref<clsBVTDataValidation> clsValidate = make<clsBVTDataValidation>();
 
 private:
-    Value shownValue(store::Recordset& row, const Value& stored) override;
+    void rowRead(std::int32_t number, Parameters parameters) override;
     void putValue(store::Recordset& row, const PropertyColumns& columns, std::int32_t number) override;
 };
 

@@ -47,8 +47,6 @@ Error numberOf(int code, int systemError) {
     }
 }
 
-constexpr std::string_view locked = "the store is in use";
-
 }  // namespace
 
 std::string quoted(std::string_view name) {
@@ -61,21 +59,21 @@ std::string quoted(std::string_view name) {
     return text;
 }
 
-Connection::Connection(const std::string& path, SqliteOptions options) : m_patience(options.busyTimeout) {
-    const int code = sqlite3_open_v2(path.c_str(), &m_handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX, nullptr);
+Connection::Connection(const std::string& path, SqliteOptions options) {
+    const int code = sqlite3_open_v2(path.c_str(), &m_handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (!m_handle) raise(Error::outOfMemory);
         if (code != SQLITE_OK) fail(code);
-        configure();
+        configure(options);
     } catch (...) {
         sqlite3_close(m_handle);
         throw;
     }
 }
 
-void Connection::configure() {
+void Connection::configure(SqliteOptions options) {
     sqlite3_extended_result_codes(m_handle, 1);
-    sqlite3_busy_timeout(m_handle, static_cast<int>(m_patience.count()));
+    sqlite3_busy_timeout(m_handle, options.busyTimeout);
     // A misspelled column in double quotes is a mistake, not a text.
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -94,7 +92,7 @@ void Connection::fail(int code) {
     const Error number = numberOf(code, sqlite3_system_errno(m_handle));
     std::string description(descriptionOf(static_cast<int>(number)));
     const bool inUse = (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED;
-    description.append(": ").append(inUse ? locked : std::string_view(sqlite3_errmsg(m_handle)));
+    description.append(": ").append(inUse ? "the store is in use" : sqlite3_errmsg(m_handle));
     RuntimeError error(number, std::move(description));
     if (m_depth > 0 && breaksTransaction(code)) m_failure = error;
     throw error;
@@ -105,15 +103,7 @@ void Connection::execute(const char* sql) {
     if (code != SQLITE_OK) fail(code);
 }
 
-void Connection::waitForTurn() {
-    if (!m_turn.try_lock_for(m_patience))
-        raise(Error::permissionDenied,
-              std::string(descriptionOf(static_cast<int>(Error::permissionDenied))).append(": ").append(locked));
-}
-
 Statement Connection::prepare(std::string sql) {
-    waitForTurn();
-    const std::lock_guard turn(m_turn, std::adopt_lock);
     std::vector<sqlite3_stmt*>& idle = m_idle[sql];
     sqlite3_stmt* statement = nullptr;
     if (!idle.empty()) {
@@ -130,30 +120,23 @@ Statement Connection::prepare(std::string sql) {
 void Connection::giveBack(const std::string& sql, sqlite3_stmt* statement) noexcept {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
-    const std::lock_guard turn(m_turn);
     m_idle.find(sql)->second.push_back(statement);
 }
 
 void Connection::begin(const char* sql) { prepare(sql).run(); }
 
 void Connection::begin(Access access) {
-    waitForTurn();
     try {
-        if (m_depth == 0 && access == Access::read) begin("BEGIN");
-        else if (m_depth == 0) begin("BEGIN IMMEDIATE");
+        if (m_depth == 0) begin(access == Access::read ? "BEGIN" : "BEGIN IMMEDIATE");
     } catch (const RuntimeError&) {
-        const int code = sqlite3_errcode(m_handle) & 0xFF;
-        if (access != Access::repair || code != SQLITE_READONLY) {
-            m_turn.unlock();
-            throw;
-        }
+        const bool readOnly = (sqlite3_errcode(m_handle) & 0xFF) == SQLITE_READONLY;
+        if (access != Access::repair || !readOnly) throw;
         begin("BEGIN");
     }
     ++m_depth;
 }
 
 void Connection::commit() {
-    const std::unique_lock turn(m_turn, std::adopt_lock);
     if (--m_depth > 0) return;
     const auto failure = std::exchange(m_failure, std::nullopt);
     if (failure) {

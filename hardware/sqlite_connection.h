@@ -1,10 +1,8 @@
 #pragma once
 // One connection to a SQLite file, its prepared statements, and which run-time error a failed call is.
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +20,7 @@ namespace canvas::store {
 
 class Statement;
 
-/// Threads take turns by transaction.
+/// For one thread at a time.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
     /// `path` is a native, absolute name of a file that is there.
@@ -46,10 +44,9 @@ public:
 
 private:
     friend class Statement;
-    void configure();
+    void configure(SqliteOptions options);
     void begin(const char* sql);
     void giveBack(const std::string& sql, sqlite3_stmt* statement) noexcept;
-    void waitForTurn();
     void rollback() noexcept;
     /// Nothing more is written once the engine has failed: it may have ended the transaction by itself.
     void requireWhole() const {
@@ -57,8 +54,6 @@ private:
     }
 
     sqlite3* m_handle = nullptr;
-    std::chrono::milliseconds m_patience;
-    std::recursive_timed_mutex m_turn;
     int m_depth = 0;  ///< transactions inside one another
     std::optional<RuntimeError> m_failure;
     std::unordered_map<std::string, std::vector<sqlite3_stmt*>> m_idle;

@@ -91,27 +91,37 @@ void Dynaset::movePrevious() {
     if (m_place == Place::begin) raise(Error::noCurrentRecord);
     if (m_place == Place::end) return moveLast();
     m_spot = open().prepare(select(" WHERE _rowid_<?1 ORDER BY _rowid_ DESC LIMIT 1"));
-    m_spotSql.clear();
+    m_wanted.clear();
     m_spot.bind(1, m_row);
     standOn(m_spot, Place::begin);
 }
 
 void Dynaset::moveLast() {
     m_spot = open().prepare(select(" ORDER BY _rowid_ DESC LIMIT 1"));
-    m_spotSql.clear();
+    m_wanted.clear();
     standOn(m_spot, Place::end);
+}
+
+void Dynaset::prepareSearch(std::initializer_list<Criterion> conditions) {
+    const bool same = m_spot && std::equal(conditions.begin(), conditions.end(), m_wanted.begin(), m_wanted.end(),
+                                           [&](const Criterion& c, Ordinal o) { return c.field == m_names[o]; });
+    if (same) return m_spot.reset();
+    std::string where = " WHERE ";
+    std::vector<Ordinal> wanted;
+    for (const Criterion& condition : conditions) {
+        if (!wanted.empty()) where += " AND ";
+        wanted.push_back(ordinal(condition.field));
+        where.append(quoted(m_names[wanted.back()])).append("=?");
+    }
+    m_spot = open().prepare(select(where.append(" ORDER BY _rowid_ LIMIT 1")));
+    m_wanted = std::move(wanted);
 }
 
 void Dynaset::findFirst(std::initializer_list<Criterion> conditions) {
     drop();
-    std::string rest;
-    for (const Criterion& condition : conditions)
-        rest.append(rest.empty() ? " WHERE " : " AND ").append(quoted(m_names[ordinal(condition.field)])).append("=?");
-    rest.append(" ORDER BY _rowid_ LIMIT 1");
+    open();
     if (m_source == &m_spot) m_source = nullptr;  // read again, if it stays the current one
-    if (rest != m_spotSql) m_spot = open().prepare(select(rest));
-    else m_spot.reset();
-    m_spotSql = std::move(rest);
+    prepareSearch(conditions);
     int place = 0;
     for (const Criterion& condition : conditions) m_spot.bind(++place, condition.value);
     m_noMatch = !m_spot.step();
@@ -150,7 +160,7 @@ const Value& Dynaset::field(Ordinal ordinal) {
     if (cell) return *cell;
     if (!m_source) {
         m_spot = open().prepare(select(" WHERE _rowid_=?1"));
-        m_spotSql.clear();
+        m_wanted.clear();
         m_spot.bind(1, m_row);
         if (!m_spot.step()) raise(Error::noCurrentRecord);
         m_source = &m_spot;
@@ -174,14 +184,14 @@ void Dynaset::requireEdit() const {
     if (m_edit == Edit::none) throw ContractViolation("a record is changed without an edit");
 }
 
-void Dynaset::put(Ordinal ordinal, const Value& value) {
+void Dynaset::put(Ordinal ordinal, Value value) {
     requireEdit();
     for (Change& change : m_changes)
         if (change.ordinal == ordinal) {
-            change.value = value;
+            change.value = std::move(value);
             return;
         }
-    m_changes.push_back({ordinal, value});
+    m_changes.push_back({ordinal, std::move(value)});
 }
 
 Statement& Dynaset::writer() {
@@ -252,8 +262,9 @@ Snapshot::Snapshot(Connection& connection, const std::string& sql) {
     m_names = namesOf(query, 0);
     const int columns = query.columnCount();
     while (query.step()) {
-        for (int column = 0; column < columns; ++column) m_values.push_back(query.value(column));
-        ++m_rows;
+        std::vector<Value>& row = m_rows.emplace_back();
+        row.reserve(m_names.size());
+        for (int column = 0; column < columns; ++column) row.push_back(query.value(column));
     }
 }
 
@@ -270,27 +281,23 @@ void Snapshot::movePrevious() {
 void Snapshot::findFirst(std::initializer_list<Criterion> conditions) {
     std::vector<std::pair<Ordinal, const Value*>> wanted;
     for (const Criterion& condition : conditions) wanted.emplace_back(ordinal(condition.field), &condition.value);
-    for (std::size_t row = 0; row < m_rows; ++row) {
-        const Value* values = m_values.data() + row * m_names.size();
-        if (!std::all_of(wanted.begin(), wanted.end(), [&](const auto& w) { return meets(values[w.first], *w.second); }))
-            continue;
-        m_at = row;
-        m_noMatch = false;
-        return;
-    }
-    m_noMatch = true;
+    const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const auto& values) {
+        return std::all_of(wanted.begin(), wanted.end(), [&](const auto& w) { return meets(values[w.first], *w.second); });
+    });
+    m_noMatch = row == m_rows.end();
+    if (!m_noMatch) m_at = static_cast<std::size_t>(row - m_rows.begin());
 }
 
 Ordinal Snapshot::ordinal(std::string_view field) const { return placeOf(m_names, field); }
 
-const Value& Snapshot::field(Ordinal ordinal) {
+Value& Snapshot::at(Ordinal ordinal) {
     if (eof() || bof()) raise(Error::noCurrentRecord);
-    return m_values.at(m_at * m_names.size() + ordinal);
+    return m_rows[m_at].at(ordinal);
 }
 
 void Snapshot::close() {
-    m_values.clear();
-    m_rows = m_at = 0;
+    m_rows.clear();
+    m_at = 0;
 }
 
 }  // namespace canvas::store

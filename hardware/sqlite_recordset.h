@@ -27,7 +27,7 @@ public:
     const Value& field(Ordinal ordinal) override;
     void edit() override;
     void addNew() override;
-    void put(Ordinal ordinal, const Value& value) override;
+    void put(Ordinal ordinal, Value value) override;
     void update() override;
     void remove() override;
     void setSort(std::string_view field) override { m_sort = field; }
@@ -49,7 +49,8 @@ private:
     void requireCurrent() const;
     void requireEdit() const;
     void drop() noexcept;
-    const std::string& columnName(Ordinal ordinal) const { return m_names[ordinal]; }
+    /// Makes m_spot search by the fields of the conditions.
+    void prepareSearch(std::initializer_list<Criterion> conditions);
     /// The statement that writes the changed fields; the one before when the fields are the same.
     Statement& writer();
 
@@ -58,7 +59,7 @@ private:
     std::vector<std::string> m_names;
     Statement m_walk;  ///< forward from some row
     Statement m_spot;  ///< one row
-    std::string m_spotSql;
+    std::vector<Ordinal> m_wanted;  ///< the fields that m_spot searches by; empty when it is no search
     Statement* m_source = nullptr;  ///< stands on the current row; null when the row has to be read again
     bool m_walking = false;         ///< m_walk stands on the current row, or did
     Place m_place = Place::begin;
@@ -80,24 +81,25 @@ class Snapshot final : public Recordset {
 public:
     Snapshot(Connection& connection, const std::string& sql);
 
-    bool eof() const override { return m_at == m_rows; }
+    bool eof() const override { return m_at == m_rows.size(); }
     bool bof() const override { return m_at == before; }
     void moveFirst() override { m_at = 0; }
     void moveNext() override;
     void movePrevious() override;
-    void moveLast() override { m_at = m_rows - 1; }
+    void moveLast() override { m_at = m_rows.size() - 1; }
     using Recordset::field;
     using Recordset::findFirst;
     using Recordset::put;
     void findFirst(std::initializer_list<Criterion> conditions) override;
     bool noMatch() const override { return m_noMatch; }
-    std::int32_t recordCount() override { return static_cast<std::int32_t>(m_rows); }
+    std::int32_t recordCount() override { return static_cast<std::int32_t>(m_rows.size()); }
     std::size_t fieldCount() const override { return m_names.size(); }
     Ordinal ordinal(std::string_view field) const override;
-    const Value& field(Ordinal ordinal) override;
+    const Value& field(Ordinal ordinal) override { return at(ordinal); }
+    Value take(Ordinal ordinal) override { return std::move(at(ordinal)); }
     void edit() override { forReading(); }
     void addNew() override { forReading(); }
-    void put(Ordinal, const Value&) override { forReading(); }
+    void put(Ordinal, Value) override { forReading(); }
     void update() override { forReading(); }
     void remove() override { forReading(); }
     void setSort(std::string_view) override { forReading(); }
@@ -106,11 +108,11 @@ public:
 
 private:
     static constexpr std::size_t before = static_cast<std::size_t>(-1);
+    Value& at(Ordinal ordinal);
     [[noreturn]] static void forReading() { throw ContractViolation("the records of a query are for reading"); }
 
     std::vector<std::string> m_names;
-    std::vector<Value> m_values;
-    std::size_t m_rows = 0;
+    std::vector<std::vector<Value>> m_rows;
     std::size_t m_at = 0;
     bool m_noMatch = false;
 };

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <map>
 #include <mutex>
+#include <thread>
 #include <tuple>
 
 #include <sys/stat.h>
@@ -91,25 +92,29 @@ private:
     std::shared_ptr<Connection> m_connection;
 };
 
-/// A file under its resolved name. A process made by fork must not use its parent's connections.
-using Key = std::tuple<std::string, dev_t, ino_t, pid_t>;
+/// A file under a name. A process made by fork must not use its parent's connections.
+using Key = std::tuple<std::string, dev_t, ino_t, pid_t, std::thread::id>;
+
+[[noreturn]] void missing(int code, const std::string& path) {
+    if (code != ENOENT && code != ENOTDIR) posix::fail(code, path, Error::storeNotFound);
+    raise(Error::storeNotFound, std::string(descriptionOf(static_cast<int>(Error::storeNotFound))) + ": " + path);
+}
 
 Key keyOf(const std::string& path) {
-    if (path.empty()) raise(Error::storeNotFound);
-    const std::string native = posix::nativeName(path);
-    const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(native.c_str(), nullptr), std::free);
     struct stat status {};
-    if (!resolved || ::stat(resolved.get(), &status) == -1) {
-        if (errno == ENOENT || errno == ENOTDIR)
-            raise(Error::storeNotFound,
-                  std::string(descriptionOf(static_cast<int>(Error::storeNotFound))) + ": " + path);
-        posix::fail(errno, native, Error::storeNotFound);
-    }
+    if (::stat(path.c_str(), &status) == -1) missing(errno, path);
     if (!S_ISREG(status.st_mode)) raise(Error::pathFileAccess);
-    if (::access(resolved.get(), R_OK) == -1) posix::fail(errno, native);
     // an empty file would pass as a store without tables
     if (status.st_size == 0) raise(Error::storeFormat);
-    return {resolved.get(), status.st_dev, status.st_ino, ::getpid()};
+    return {path, status.st_dev, status.st_ino, ::getpid(), std::this_thread::get_id()};
+}
+
+/// The name of the file itself: what a change leaves beside it for a recovery is found under any of its names.
+std::string resolved(const std::string& path) {
+    const std::unique_ptr<char, void (*)(void*)> name(::realpath(path.c_str(), nullptr), std::free);
+    if (!name) missing(errno, path);
+    if (::access(name.get(), R_OK) == -1) posix::fail(errno, path);
+    return name.get();
 }
 
 class SqliteEngine final : public Engine {
@@ -117,9 +122,14 @@ public:
     explicit SqliteEngine(SqliteOptions options) : m_options(options) {}
 
     std::shared_ptr<Database> open(const std::string& path) override {
-        const Key key = keyOf(path);
+        if (path.empty()) raise(Error::storeNotFound);
+        Key key = keyOf(posix::nativeName(path));
         const std::lock_guard lock(m_guard);
-        std::shared_ptr<Connection> connection = m_pool[key].lock();
+        std::shared_ptr<Connection> connection = pooled(key);
+        if (!connection) {
+            std::get<std::string>(key) = resolved(std::get<std::string>(key));
+            connection = pooled(key);
+        }
         if (!connection) {
             connection = std::make_shared<Connection>(std::get<std::string>(key), m_options);
             std::erase_if(m_pool, [](const auto& entry) { return entry.second.expired(); });
@@ -129,6 +139,11 @@ public:
     }
 
 private:
+    std::shared_ptr<Connection> pooled(const Key& key) const {
+        const auto entry = m_pool.find(key);
+        return entry == m_pool.end() ? nullptr : entry->second.lock();
+    }
+
     SqliteOptions m_options;
     std::mutex m_guard;
     std::map<Key, std::weak_ptr<Connection>> m_pool;

@@ -12,8 +12,8 @@ struct SqliteOptions {
     int busyTimeout = 10'000;
 };
 
-/// Handles on one file share one connection of this engine and process; it is closed with the last of them. Threads
-/// may share it: a transaction of one makes the others wait.
+/// A thread's handles on one file share one connection of this engine, which is closed with the last of them. Threads
+/// do not share any: like processes, they wait for each other's transactions.
 std::unique_ptr<Engine> makeSqliteEngine(SqliteOptions options = {});
 
 }  // namespace canvas::store
