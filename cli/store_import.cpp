@@ -83,6 +83,7 @@ public:
         : m_class(moduleClass(module)), m_store(store), m_lines(std::move(text)) {}
 
     ImportPlan run() {
+        propertiesOfModule(m_class.group);  // without a store no line has a meaning
         try {
             tag(m_class.tag);
             m_lines.next(propertyFields);
