@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "host/errors.h"
-#include "host/numbers.h"
 #include "host/text.h"
 
 namespace canvas {
@@ -16,8 +15,9 @@ Value bareValue(std::string_view text) {
     std::int32_t number = 0;
     const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool whole = fault == std::errc{} && end == text.data() + text.size();
-    if (whole && numbers::textOf(number) == text) return number;
-    return text;
+    const std::string_view digits = text.substr(text.front() == '-' ? 1 : 0);
+    const bool plain = !digits.starts_with('0') || text.size() == 1;
+    return whole && plain ? Value(number) : Value(text);
 }
 
 }  // namespace

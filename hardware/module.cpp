@@ -26,8 +26,6 @@ PropertyColumns::PropertyColumns(const store::Recordset& rows)
       dirty(rows.ordinal("Dirty")),
       format(rows.ordinal("DisplayFormat")) {}
 
-bool PropertyColumns::isOf(mtModuleType module, store::Recordset& row) const { return holds(row.field(group), module); }
-
 Module::Module(const ModuleClass& row)
     : arBlockMatrix(Array::of("Variant", {{0, lastMember}, {0, row.rows - 1}})), m_class(row) {}
 
@@ -114,12 +112,12 @@ tracing::Flow Module::changeRows(Run& run, Change change) {
     Records rows;
     const auto open = [&] {
         if (m_class.closesStore) openStore();
-        rows.open(database(), systemProperties, Access::write);
+        const store::Criterion ours{"groupID", static_cast<std::int16_t>(m_class.group)};
+        rows.open(database(), systemProperties, Access::write, ours);
     };
     const auto walk = [&] {
         const PropertyColumns columns(*rows);
         return eachRecord(run, *rows, [&] {
-            if (!columns.isOf(m_class.group, *rows)) return;
             rows->edit();
             change(*rows, columns);
             rows->update();

@@ -52,8 +52,6 @@ using MatrixColumns = std::array<store::Ordinal, std::size(queryColumns)>;
 /// The fields of a row in the table of all properties.
 struct PropertyColumns {
     explicit PropertyColumns(const store::Recordset& rows);
-    bool isOf(mtModuleType module, store::Recordset& row) const;
-
     store::Ordinal group, number, value, preset, dirty, format;
 };
 

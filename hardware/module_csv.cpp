@@ -26,7 +26,6 @@ void writeProperties(CsvWriter& file, store::Recordset& rows, const ModuleClass&
     file.titles({"GroupID", "PropertyNumber", "Value", "Dirty"});
     const PropertyColumns columns(rows);
     for (; !rows.eof(); rows.moveNext()) {
-        if (!columns.isOf(row.fileGroup, rows)) continue;
         for (const store::Ordinal column : {columns.group, columns.number, columns.value, columns.dirty})
             file.field(rows.field(column));
         file.endLine();
@@ -53,7 +52,8 @@ bool Module::ExportToCSV(std::string& strCsvFilename) {
     raisingAgain(m_class.exportSource, [&] {
         openStore();
         const auto transaction = database().begin(Access::read);
-        const auto rows = database().openDynaset(systemProperties);
+        const auto rows =
+            database().openDynaset(systemProperties, {"groupID", static_cast<std::int16_t>(m_class.fileGroup)});
         Files& files = *environment().files;
         const int number = files.open(strCsvFilename, OpenMode::output);  // stays open after a failure
         CsvWriter file;
@@ -108,12 +108,7 @@ bool Module::importSections(CsvReader& file) {
 /// The line's own group decides which row is written; a line without a row is dropped.
 void Module::importLine(store::Recordset& rows, CsvReader& file) {
     const Value group = file.next(), number = file.next(), value = file.next(), dirty = file.next();
-    rows.findFirst({{"groupID", group}, {"PropertyNumber", number}});
-    if (rows.noMatch()) return;
-    rows.edit();
-    rows.put("Value", value);
-    rows.put("Dirty", dirty);
-    rows.update();
+    rows.changeFirst({{"groupID", group}, {"PropertyNumber", number}}, {{"Value", value}, {"Dirty", dirty}});
 }
 
 }  // namespace canvas

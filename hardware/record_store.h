@@ -23,7 +23,7 @@ namespace canvas::store {
 /// What a transaction is opened for: `repair` reads, and writes where the store can be written.
 enum class Access { read, write, repair };
 
-/// One condition of a search. A null is equal to nothing, as in SQL.
+/// A field and its value, as a condition or as a change. As a condition, a null is equal to nothing, as in SQL.
 struct Criterion {
     std::string_view field;
     Value value;
@@ -54,6 +54,9 @@ public:
     /// current record stays. Text compares exactly unless the store's own column says otherwise.
     virtual void findFirst(std::initializer_list<Criterion> conditions) = 0;
     virtual bool noMatch() const = 0;
+    /// Sets fields of the record that `findFirst` would find, in one go. False when there is none. The current record
+    /// may be another one afterwards.
+    virtual bool changeFirst(std::initializer_list<Criterion> conditions, std::initializer_list<Criterion> fields);
     void findFirst(std::string_view field, Value value) { findFirst({{field, std::move(value)}}); }
 
     /// How many records have been counted so far: 0 only when there are none. An engine may count all at once.
@@ -109,6 +112,8 @@ class Database {
 public:
     virtual ~Database() = default;
     virtual std::unique_ptr<Recordset> openDynaset(std::string_view table) = 0;
+    /// Of the records that meet a condition. One added through it is not seen by it unless it does, too.
+    virtual std::unique_ptr<Recordset> openDynaset(std::string_view table, const Criterion& only) = 0;
     virtual std::unique_ptr<QueryDef> queryDef(std::string_view name) = 0;
     virtual std::unique_ptr<Transaction> begin(Access access) = 0;
     /// What the engine's own check finds wrong with the file; empty for a sound store.

@@ -49,9 +49,11 @@ private:
 class Records {
 public:
     /// When it fails, the store is nobody's again: a person may be asked about it for a while.
-    void open(store::Database& database, std::string_view table, store::Access access) {
+    /// `only` narrows them to those that meet a condition. Nothing is held after a failure.
+    template <class... Only>
+    void open(store::Database& database, std::string_view table, store::Access access, const Only&... only) {
         auto transaction = database.begin(access);
-        m_rows = database.openDynaset(table);
+        m_rows = database.openDynaset(table, only...);
         m_transaction = std::move(transaction);
     }
     void commit() {

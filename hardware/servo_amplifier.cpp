@@ -1,10 +1,9 @@
 #include "hardware/servo_amplifier.h"
 
-#include <charconv>
-
 #include "hardware/records.h"
 #include "host/numbers.h"
 #include "host/ports.h"
+#include "host/text.h"
 
 namespace canvas {
 namespace {
@@ -17,11 +16,10 @@ constexpr std::int32_t firstWritten = 2;
 bool isHexadecimal(const Value& format) { return textOrEmpty(format) == hexadecimal; }
 
 std::string hexDigits(std::int32_t number) {
-    char digits[8];
-    const auto [end, fault] =
-        std::to_chars(std::begin(digits), std::end(digits), static_cast<std::uint32_t>(number), 16);
-    static_cast<void>(fault);
-    return {digits, end};
+    std::string digits;
+    for (auto rest = static_cast<std::uint32_t>(number); rest != 0 || digits.empty(); rest /= 16)
+        digits.insert(digits.begin(), "0123456789ABCDEF"[rest % 16]);
+    return digits;
 }
 
 /// The digits at the start, up to the blank before the suffix. Four digits from "8000" on are a negative word, which is

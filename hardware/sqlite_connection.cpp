@@ -20,7 +20,7 @@ bool breaksTransaction(int code) {
     }
 }
 
-Error numberOf(int code, int systemError) {
+Error numberOf(int code, int systemError, std::string_view message) {
     switch (code & 0xFF) {
         case SQLITE_FULL: return Error::diskFull;
         // a limit on file sizes or of a user's share is a full disk too, which SQLite does not know
@@ -37,7 +37,7 @@ Error numberOf(int code, int systemError) {
         case SQLITE_PERM:
         case SQLITE_AUTH:
         case SQLITE_READONLY: return Error::permissionDenied;
-        case SQLITE_ERROR:
+        case SQLITE_ERROR: return message.starts_with("no such column") ? Error::itemNotFound : Error::noSuchTable;
         case SQLITE_SCHEMA: return Error::noSuchTable;
         case SQLITE_MISMATCH: return Error::typeMismatch;
         case SQLITE_CONSTRAINT:
@@ -87,9 +87,10 @@ Connection::~Connection() {
 }
 
 void Connection::fail(int code) {
+    const int systemError = errno;
     const int extended = sqlite3_extended_errcode(m_handle);
     if ((extended & 0xFF) == (code & 0xFF)) code = extended;
-    const Error number = numberOf(code, sqlite3_system_errno(m_handle));
+    const Error number = numberOf(code, systemError, sqlite3_errmsg(m_handle));
     std::string description(descriptionOf(static_cast<int>(number)));
     const bool inUse = (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED;
     description.append(": ").append(inUse ? "the store is in use" : sqlite3_errmsg(m_handle));
@@ -187,6 +188,7 @@ void Statement::bind(int place, const Value& value) {
 
 bool Statement::step() {
     m_connection->requireWhole();
+    errno = 0;  // SQLite does not keep what the system said of a failed write
     const int code = sqlite3_step(m_statement);
     if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) m_connection->fail(code);

@@ -35,12 +35,18 @@ bool meets(const Value& stored, const Value& wanted) {
 
 }  // namespace
 
-Dynaset::Dynaset(std::shared_ptr<Connection> connection, std::string_view table)
+Dynaset::Dynaset(std::shared_ptr<Connection> connection, std::string_view table, const Criterion* only)
     : m_connection(std::move(connection)), m_table(quoted(table)) {
-    m_walk = m_connection->prepare(select(" WHERE _rowid_>?1 ORDER BY _rowid_"));
-    m_names = namesOf(m_walk, firstField);
-    m_cells.resize(m_names.size());
+    if (only) {
+        m_filter = quoted(only->field) + "=? AND ";
+        m_only = only->value;
+        ++m_first;
+    }
+    // by row number alone: through an index all would be read and sorted before the first one is given
+    m_walk = over("SELECT _rowid_,* FROM ", " NOT INDEXED WHERE ", "_rowid_>?", " ORDER BY _rowid_");
     Dynaset::moveFirst();
+    m_names = namesOf(m_walk, firstField);  // known once it has run: the schema may be another than when it was prepared
+    m_cells.resize(m_names.size());
 }
 
 Connection& Dynaset::open() const {
@@ -48,8 +54,20 @@ Connection& Dynaset::open() const {
     return *m_connection;
 }
 
-std::string Dynaset::select(std::string_view rest) const {
-    return std::string("SELECT _rowid_,* FROM ").append(m_table).append(rest);
+Statement Dynaset::over(std::string_view what, std::string_view where, std::string_view condition,
+                        std::string_view rest) const {
+    std::string sql(what);
+    sql.append(m_table).append(where).append(m_filter).append(condition).append(rest);
+    Statement statement = open().prepare(std::move(sql));
+    if (!m_filter.empty()) statement.bind(1, m_only);
+    return statement;
+}
+
+std::string Dynaset::conditionOf(std::initializer_list<Criterion> conditions) const {
+    std::string text;
+    for (const Criterion& condition : conditions)
+        text.append(text.empty() ? "" : " AND ").append(quoted(m_names[ordinal(condition.field)])).append("=?");
+    return text;
 }
 
 void Dynaset::drop() noexcept {
@@ -72,7 +90,7 @@ void Dynaset::standOn(Statement& source, Place otherwise) {
 void Dynaset::moveFirst() {
     open();
     m_walk.reset();
-    m_walk.bind(1, std::numeric_limits<std::int64_t>::min());
+    m_walk.bind(m_first, std::numeric_limits<std::int64_t>::min());
     standOn(m_walk, Place::end);
 }
 
@@ -82,7 +100,7 @@ void Dynaset::moveNext() {
     if (m_place == Place::begin) return moveFirst();
     if (!m_walking) {
         m_walk.reset();
-        m_walk.bind(1, m_row);
+        m_walk.bind(m_first, m_row);
     }
     standOn(m_walk, Place::end);
 }
@@ -90,14 +108,14 @@ void Dynaset::moveNext() {
 void Dynaset::movePrevious() {
     if (m_place == Place::begin) raise(Error::noCurrentRecord);
     if (m_place == Place::end) return moveLast();
-    m_spot = open().prepare(select(" WHERE _rowid_<?1 ORDER BY _rowid_ DESC LIMIT 1"));
+    m_spot = rows("_rowid_<?", " ORDER BY _rowid_ DESC LIMIT 1");
     m_wanted.clear();
-    m_spot.bind(1, m_row);
+    m_spot.bind(m_first, m_row);
     standOn(m_spot, Place::begin);
 }
 
 void Dynaset::moveLast() {
-    m_spot = open().prepare(select(" ORDER BY _rowid_ DESC LIMIT 1"));
+    m_spot = rows("1", " ORDER BY _rowid_ DESC LIMIT 1");
     m_wanted.clear();
     standOn(m_spot, Place::end);
 }
@@ -106,15 +124,9 @@ void Dynaset::prepareSearch(std::initializer_list<Criterion> conditions) {
     const bool same = m_spot && std::equal(conditions.begin(), conditions.end(), m_wanted.begin(), m_wanted.end(),
                                            [&](const Criterion& c, Ordinal o) { return c.field == m_names[o]; });
     if (same) return m_spot.reset();
-    std::string where = " WHERE ";
-    std::vector<Ordinal> wanted;
-    for (const Criterion& condition : conditions) {
-        if (!wanted.empty()) where += " AND ";
-        wanted.push_back(ordinal(condition.field));
-        where.append(quoted(m_names[wanted.back()])).append("=?");
-    }
-    m_spot = open().prepare(select(where.append(" ORDER BY _rowid_ LIMIT 1")));
-    m_wanted = std::move(wanted);
+    m_spot = rows(conditionOf(conditions), " ORDER BY _rowid_ LIMIT 1");
+    m_wanted.clear();
+    for (const Criterion& condition : conditions) m_wanted.push_back(ordinal(condition.field));
 }
 
 void Dynaset::findFirst(std::initializer_list<Criterion> conditions) {
@@ -122,8 +134,8 @@ void Dynaset::findFirst(std::initializer_list<Criterion> conditions) {
     open();
     if (m_source == &m_spot) m_source = nullptr;  // read again, if it stays the current one
     prepareSearch(conditions);
-    int place = 0;
-    for (const Criterion& condition : conditions) m_spot.bind(++place, condition.value);
+    int place = m_first;
+    for (const Criterion& condition : conditions) m_spot.bind(place++, condition.value);
     m_noMatch = !m_spot.step();
     if (m_noMatch) return;
     for (auto& cell : m_cells) cell.reset();
@@ -133,8 +145,39 @@ void Dynaset::findFirst(std::initializer_list<Criterion> conditions) {
     m_row = m_spot.number(0);
 }
 
+void Dynaset::prepareChange(std::initializer_list<Criterion> conditions, std::initializer_list<Criterion> fields) {
+    const auto at = [&](const Criterion& criterion, Ordinal known) { return criterion.field == m_names[known]; };
+    const auto split = m_changed.begin() + static_cast<std::ptrdiff_t>(std::min(fields.size(), m_changed.size()));
+    if (m_changer && std::equal(fields.begin(), fields.end(), m_changed.begin(), split, at) &&
+        std::equal(conditions.begin(), conditions.end(), split, m_changed.end(), at))
+        return;
+    std::string sql = "UPDATE " + m_table + " SET ";
+    m_changed.clear();
+    for (const Criterion& field : fields) {
+        m_changed.push_back(ordinal(field.field));
+        sql.append(m_changed.size() > 1 ? "," : "").append(quoted(m_names[m_changed.back()])).append("=?");
+    }
+    for (const Criterion& condition : conditions) m_changed.push_back(ordinal(condition.field));
+    sql += " WHERE _rowid_=(SELECT _rowid_ FROM " + m_table + " WHERE " + m_filter + conditionOf(conditions) +
+           " ORDER BY _rowid_ LIMIT 1)";
+    m_changer = open().prepare(std::move(sql));
+}
+
+bool Dynaset::changeFirst(std::initializer_list<Criterion> conditions, std::initializer_list<Criterion> fields) {
+    drop();
+    prepareChange(conditions, fields);
+    int place = 0;
+    for (const Criterion& field : fields) m_changer.bind(++place, field.value);
+    if (!m_filter.empty()) m_changer.bind(++place, m_only);
+    for (const Criterion& condition : conditions) m_changer.bind(++place, condition.value);
+    m_changer.run();
+    m_source = nullptr;
+    for (auto& cell : m_cells) cell.reset();
+    return sqlite3_changes(m_connection->handle()) > 0;
+}
+
 std::int32_t Dynaset::recordCount() {
-    Statement count = open().prepare("SELECT count(*) FROM " + m_table);
+    Statement count = over("SELECT count(*) FROM ", " WHERE ", "1");
     count.step();
     return count.value(0).toLong();
 }
@@ -159,9 +202,9 @@ const Value& Dynaset::field(Ordinal ordinal) {
     std::optional<Value>& cell = m_cells.at(ordinal);
     if (cell) return *cell;
     if (!m_source) {
-        m_spot = open().prepare(select(" WHERE _rowid_=?1"));
+        m_spot = rows("_rowid_=?");
         m_wanted.clear();
-        m_spot.bind(1, m_row);
+        m_spot.bind(m_first, m_row);
         if (!m_spot.step()) raise(Error::noCurrentRecord);
         m_source = &m_spot;
     }
@@ -247,21 +290,21 @@ void Dynaset::remove() {
 
 std::unique_ptr<Recordset> Dynaset::openSorted() {
     const std::string order = m_sort.empty() ? std::string() : quoted(m_names[ordinal(m_sort)]) + ",";
-    return std::make_unique<Snapshot>(open(), "SELECT * FROM " + m_table + " ORDER BY " + order + "_rowid_");
+    return std::make_unique<Snapshot>(over("SELECT * FROM ", " WHERE ", "1", " ORDER BY " + order + "_rowid_"));
 }
 
 void Dynaset::close() {
     drop();
     m_source = nullptr;
-    for (Statement* statement : {&m_walk, &m_spot, &m_writer}) *statement = Statement();
+    for (Statement* statement : {&m_walk, &m_spot, &m_writer, &m_changer}) *statement = Statement();
     m_connection.reset();
 }
 
-Snapshot::Snapshot(Connection& connection, const std::string& sql) {
-    Statement query = connection.prepare(sql);
+Snapshot::Snapshot(Statement query) {
+    bool there = query.step();
     m_names = namesOf(query, 0);
     const int columns = query.columnCount();
-    while (query.step()) {
+    for (; there; there = query.step()) {
         std::vector<Value>& row = m_rows.emplace_back();
         row.reserve(m_names.size());
         for (int column = 0; column < columns; ++column) row.push_back(query.value(column));

@@ -8,7 +8,7 @@ namespace canvas::store {
 /// A table's records in the order of their row numbers, read as they are reached. Finding takes the table's indexes.
 class Dynaset final : public Recordset {
 public:
-    Dynaset(std::shared_ptr<Connection> connection, std::string_view table);
+    Dynaset(std::shared_ptr<Connection> connection, std::string_view table, const Criterion* only = nullptr);
 
     bool eof() const override { return m_place == Place::end; }
     bool bof() const override { return m_place == Place::begin; }
@@ -21,6 +21,7 @@ public:
     using Recordset::put;
     void findFirst(std::initializer_list<Criterion> conditions) override;
     bool noMatch() const override { return m_noMatch; }
+    bool changeFirst(std::initializer_list<Criterion> conditions, std::initializer_list<Criterion> fields) override;
     std::int32_t recordCount() override;
     std::size_t fieldCount() const override;
     Ordinal ordinal(std::string_view field) const override;
@@ -43,7 +44,14 @@ private:
     };
 
     Connection& open() const;
-    std::string select(std::string_view rest) const;
+    /// `what` is done to the records of this set that meet a condition; values are bound from `m_first` on.
+    Statement over(std::string_view what, std::string_view where, std::string_view condition,
+                   std::string_view rest = {}) const;
+    Statement rows(std::string_view condition, std::string_view rest = {}) const {
+        return over("SELECT _rowid_,* FROM ", " WHERE ", condition, rest);
+    }
+    /// "a=? AND b=?"; error 3265 for a field that is not there.
+    std::string conditionOf(std::initializer_list<Criterion> conditions) const;
     /// The row that the statement stands on becomes the current one.
     void standOn(Statement& source, Place otherwise);
     void requireCurrent() const;
@@ -51,15 +59,21 @@ private:
     void drop() noexcept;
     /// Makes m_spot search by the fields of the conditions.
     void prepareSearch(std::initializer_list<Criterion> conditions);
+    void prepareChange(std::initializer_list<Criterion> conditions, std::initializer_list<Criterion> fields);
     /// The statement that writes the changed fields; the one before when the fields are the same.
     Statement& writer();
 
     std::shared_ptr<Connection> m_connection;
     std::string m_table;  ///< quoted
+    std::string m_filter;  ///< what narrows the table, with " AND " behind it; its value is the first parameter
+    Value m_only;
+    int m_first = 1;  ///< place of the first parameter behind it
     std::vector<std::string> m_names;
     Statement m_walk;  ///< forward from some row
     Statement m_spot;  ///< one row
     std::vector<Ordinal> m_wanted;  ///< the fields that m_spot searches by; empty when it is no search
+    Statement m_changer;
+    std::vector<Ordinal> m_changed;  ///< the fields that m_changer sets, then those that it searches by
     Statement* m_source = nullptr;  ///< stands on the current row; null when the row has to be read again
     bool m_walking = false;         ///< m_walk stands on the current row, or did
     Place m_place = Place::begin;
@@ -79,7 +93,7 @@ private:
 /// What a query gave, all of it read at once.
 class Snapshot final : public Recordset {
 public:
-    Snapshot(Connection& connection, const std::string& sql);
+    explicit Snapshot(Statement query);
 
     bool eof() const override { return m_at == m_rows.size(); }
     bool bof() const override { return m_at == before; }

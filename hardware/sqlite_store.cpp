@@ -38,7 +38,7 @@ class View final : public QueryDef {
 public:
     View(std::shared_ptr<Connection> connection, std::string_view name)
         : m_connection(std::move(connection)), m_sql("SELECT * FROM " + quoted(name)) {}
-    std::unique_ptr<Recordset> open() override { return std::make_unique<Snapshot>(*m_connection, m_sql); }
+    std::unique_ptr<Recordset> open() override { return std::make_unique<Snapshot>(m_connection->prepare(m_sql)); }
 
 private:
     std::shared_ptr<Connection> m_connection;
@@ -51,6 +51,10 @@ public:
 
     std::unique_ptr<Recordset> openDynaset(std::string_view table) override {
         return std::make_unique<Dynaset>(open(), table);
+    }
+
+    std::unique_ptr<Recordset> openDynaset(std::string_view table, const Criterion& only) override {
+        return std::make_unique<Dynaset>(open(), table, &only);
     }
 
     std::unique_ptr<QueryDef> queryDef(std::string_view name) override {
