@@ -63,6 +63,14 @@ TEST_F(Addresses, WhateverTheMapAnswersIsStored) {
     EXPECT_EQ(addresses("5"), "8,4,not an address,");
 }
 
+TEST_F(Addresses, ANumberWithBlanksIsANumberOfItsOwn) {
+    save("5", "0", "0");
+    save(" 5 ", "0", "0");
+    EXPECT_EQ(store.rows("SELECT Node FROM tblRemoteIO ORDER BY rowid"), (Texts{"5", " 5 "}));
+    EXPECT_EQ(invoke(*module, "RemoveFromList", 5, 0), Value(true));
+    EXPECT_EQ(store.rows("SELECT Node FROM tblRemoteIO ORDER BY rowid"), Texts{" 5 "});
+}
+
 TEST_F(Addresses, NodesAreAddedAtTheEnd) {
     for (const std::string node : {"3", "1", "2"}) save(node, "0", "0");
     EXPECT_EQ(store.rows("SELECT Node FROM tblRemoteIO ORDER BY rowid"), (Texts{"3", "1", "2"}));
@@ -153,6 +161,31 @@ TEST_F(Addresses, TheHandlerIsAskedAboutAMapThatRaises) {
     EXPECT_EQ(handler.asked[0].module, "clsBVTRemoteIO");
     EXPECT_EQ(handler.asked[0].procedure, "SaveData");
     EXPECT_EQ(store.nodes(), Texts{});
+}
+
+TEST_F(Addresses, AMapThatRaisesCanBePassedOverAndLeavesItsSideWithoutAnAddress) {
+    inputs.raises = true;
+    ScriptedHandler handler({Answer::ignore});
+    save("5", "8", "4");
+    EXPECT_EQ(handler.asked.size(), 1U);
+    EXPECT_EQ(store.nodes(), Texts{"5,name,type,8,4,null,OW0600,1077,N/A,1"});
+}
+
+TEST_F(Addresses, AMapThatRaisesCanBeAskedAgain) {
+    struct Mending final : tracing::ErrorHandler {
+        explicit Mending(FakeMap& mended) : map(mended) {}
+        Answer ask(const tracing::Failure&) override {
+            map.raises = false;
+            return Answer::retry;
+        }
+        FakeMap& map;
+        tracing::WithErrorHandler inForce{*this};
+    };
+    outputs.raises = true;
+    const Mending handler(outputs);
+    save("5", "8", "4");
+    EXPECT_EQ(store.nodes(), Texts{"5,name,type,8,4,IW0300,OW0600,1077,N/A,1"});
+    EXPECT_EQ(inputs.calls.size(), 1U) << "what has succeeded is not repeated";
 }
 
 TEST_F(Addresses, AMapThatIsNotSetIsAnErrorOnlyWhenItIsReached) {
@@ -279,6 +312,33 @@ TEST_F(Addresses, AMapThatRaisesStopsTheChangeToMasterAndWhatWasRemovedStaysRemo
     EXPECT_EQ(error.number, 1234);
     EXPECT_EQ(error.source, "RemoteIO::SetKX410Master");
     EXPECT_EQ(store.rows("SELECT Node FROM tblRemoteIO"), Texts{"6"});
+}
+
+TEST_F(Addresses, AMapThatRemovesTheNodeItIsAskedForEndsInAnError) {
+    add("5", "8", "4", "IW0100", "OW0200");
+    const auto map = make<Composed>("clsMap");
+    map->method("FreeAddresses", [&](Args) -> Value { return {}; });
+    map->method("GetAddresses", [&](Args) -> Value {
+        invoke(*module, "RemoveAllRemoteIONodes");
+        return "IW0300";
+    });
+    module->put("InputMap", Value(Ref<Object>(map)));
+    EXPECT_EQ(raisedBy([&] { save("5", "9", "4"); }), 3021);
+    EXPECT_EQ(store.nodes(), Texts{});
+    save("6", "0", "0");
+    EXPECT_EQ(store.nodes().size(), 1U);
+}
+
+TEST_F(Addresses, AMapMayReplaceItself) {
+    const auto map = make<Composed>("clsMap");
+    map->method("GetAddresses", [&](Args) -> Value {
+        module->put("InputMap", inputs.object());
+        return "IW0777";
+    });
+    module->put("InputMap", Value(Ref<Object>(map)));
+    save("5", "8", "0");
+    save("6", "8", "0");
+    EXPECT_EQ(store.rows("SELECT InputBaseAddress FROM tblRemoteIO ORDER BY rowid"), (Texts{"IW0777", "IW0300"}));
 }
 
 TEST_F(Addresses, AMapMayCallBackIntoTheModule) {

@@ -246,6 +246,22 @@ TEST_F(Import, ALineWithMissingFieldsAtTheEndIsAnErrorAndTheRowsBeforeStay) {
     EXPECT_TRUE(told().empty());
 }
 
+TEST_F(Import, AQuoteThatNothingClosesTakesTheRestOfTheFile) {
+    const RuntimeError error =
+        failedImport(head("KX410") + propertyLine(2, 1, "one", 1) + "2,2,\"two,1\r\n" + "2,3,three,1\r\n");
+    EXPECT_EQ(error.number, 62);
+    EXPECT_EQ(store.property(2, 1), "one,1");
+    EXPECT_EQ(store.property(2, 2), "2002,0");
+    EXPECT_EQ(store.property(2, 3), "2003,0");
+}
+
+TEST_F(Import, DropsLinesWhoseGroupOrNumberIsNoNumber) {
+    const Texts before = everything();
+    EXPECT_EQ(import(head("KX410") + "\"abc\",1,\"x\",1\r\n,1,\"x\",1\r\n2,,\"x\",1\r\n2,\"1 OR 1=1\",\"x\",1\r\n2,1.5,\"x\",1\r\n"),
+              Value(true));
+    EXPECT_EQ(everything(), before);
+}
+
 TEST_F(Import, AMissingFieldInTheMiddleShiftsTheRest) {
     // Group 2, number 1, value "2", mark 2; then 3, "three", 1 and the end.
     const RuntimeError error = failedImport(head("KX410") + "2,1\r\n2,2\r\n3,\"three\",1\r\n");

@@ -206,6 +206,31 @@ TEST_P(Pattern, ASaveThatFailsPartWayKeepsTheRowsBeforeIt) {
     EXPECT_TRUE(store.isSound());
 }
 
+TEST_P(Pattern, ASaveWhoseFailingRowIsPassedOverSavesTheOthers) {
+    if (group() == 7 || group() == 2) GTEST_SKIP() << "does nothing, or raises again";
+    const auto object = ready();
+    editAll(object);
+    store.run("UPDATE tblSystemProperties SET PropertyNumber = 200 WHERE PropertyNumber = 3 AND groupID = " +
+              std::to_string(group()));
+    ScriptedHandler handler({Answer::ignore, Answer::ignore, Answer::ignore});
+    EXPECT_EQ(invoke(*object, "SaveToDB"), savedAnswer());
+    ASSERT_FALSE(handler.asked.empty());
+    EXPECT_EQ(handler.asked[0].procedure, "SaveToDB");
+    for (const int n : {2, 4, rows()}) EXPECT_EQ(store.property(group(), n), edited(n) + ",1");
+}
+
+TEST_P(Pattern, ASaveThatIsLeftKeepsTheRowsBeforeAndAnswersFalse) {
+    if (group() == 7 || group() == 2) GTEST_SKIP() << "does nothing, or raises again";
+    const auto object = ready();
+    editAll(object);
+    store.run("UPDATE tblSystemProperties SET PropertyNumber = 200 WHERE PropertyNumber = 3 AND groupID = " +
+              std::to_string(group()));
+    ScriptedHandler handler({Answer::leave});
+    EXPECT_EQ(invoke(*object, "SaveToDB"), module().saveAnswersTrue ? Value(false) : Value());
+    EXPECT_EQ(store.property(group(), 2), edited(2) + ",1");
+    EXPECT_EQ(store.property(group(), 4), valueOf(group(), 4) + ",0");
+}
+
 TEST_P(Pattern, ASaveThatFailedCanBeRepeated) {
     if (group() == 7) GTEST_SKIP() << "writes its nodes at once";
     const auto object = ready();
