@@ -4,10 +4,10 @@
 
 #include <array>
 #include <cstdio>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "host/text.h"
 #include "tests/host/scratch.h"
 
 using namespace canvas;
@@ -21,14 +21,13 @@ struct Step {
 
 std::vector<Step> stepsOf(const std::string& page) {
     std::vector<Step> steps;
-    std::istringstream lines(page);
     bool inside = false;
     int number = 0;
-    for (std::string line; std::getline(lines, line);) {
+    for (const std::string_view line : text::split(page, "\n")) {
         ++number;
-        if (line.rfind("```", 0) == 0) inside = line == "```console";
-        else if (inside && line.rfind("$ ", 0) == 0) steps.push_back({number, line.substr(2), ""});
-        else if (inside) steps.back().answer += line + '\n';
+        if (line.starts_with("```")) inside = line == "```console";
+        else if (inside && line.starts_with("$ ")) steps.push_back({number, std::string(line.substr(2)), ""});
+        else if (inside) steps.back().answer.append(line) += '\n';
     }
     return steps;
 }
