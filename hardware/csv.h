@@ -2,10 +2,12 @@
 // Comma-separated text: fields between commas, text in double quotes (a quote inside is doubled), numbers bare, a null
 // as nothing at all, lines ended by CR LF.
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "host/value.h"
+#include "host/array.h"
 
 namespace canvas {
 
