@@ -257,8 +257,9 @@ TEST_F(Import, AQuoteThatNothingClosesTakesTheRestOfTheFile) {
 
 TEST_F(Import, DropsLinesWhoseGroupOrNumberIsNoNumber) {
     const Texts before = everything();
-    EXPECT_EQ(import(head("KX410") + "\"abc\",1,\"x\",1\r\n,1,\"x\",1\r\n2,,\"x\",1\r\n2,\"1 OR 1=1\",\"x\",1\r\n2,1.5,\"x\",1\r\n"),
-              Value(true));
+    const std::string lines =
+        "\"abc\",1,\"x\",1\r\n,1,\"x\",1\r\n2,,\"x\",1\r\n2,\"1 OR 1=1\",\"x\",1\r\n2,1.5,\"x\",1\r\n";
+    EXPECT_EQ(import(head("KX410") + lines), Value(true));
     EXPECT_EQ(everything(), before);
 }
 

@@ -70,8 +70,15 @@ TEST(MasterEncoder, IsTheSameIsACopyOfEveryProperty) {
 
 TEST(MasterEncoder, IsSameAsOnlyWhenEveryPropertyIsEqual) {
     const std::pair<std::string_view, Value> changes[]{
-        {"Enabled", false},         {"FeedConstant", 12.25F}, {"GearBoxInput", std::int16_t{4}}, {"GearBoxOutput", std::int16_t{4}},
-        {"MovementType", "rotary"}, {"PulseType", ""},        {"Resolution", 100'001},           {"UserUnit", "mm "}};
+        {"Enabled", false},
+        {"FeedConstant", 12.25F},
+        {"GearBoxInput", std::int16_t{4}},
+        {"GearBoxOutput", std::int16_t{4}},
+        {"MovementType", "rotary"},
+        {"PulseType", ""},
+        {"Resolution", 100'001},
+        {"UserUnit", "mm "},
+    };
     const Ref<Object> encoder = filledEncoder();
     EXPECT_EQ(invoke(*encoder, "SameAs", filledEncoder()), Value(true));
     EXPECT_EQ(invoke(*encoder, "SameAs", encoder), Value(true));
