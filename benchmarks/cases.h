@@ -38,4 +38,7 @@ void undoAndRedoCommands(benchmark::State& state);
 double bytesOfDocument(int blocks);
 double bytesOfPlainProgram(int blocks);
 
+/// Modules of the record store beside SQLite by hand, and the node list as it grows.
+void printHardware();
+
 }  // namespace canvas::bench

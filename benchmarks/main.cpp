@@ -69,5 +69,6 @@ int main(int count, char** given) {
     Table table(cases);
     benchmark::RunSpecifiedBenchmarks(&table);
     printBytes();
+    printHardware();
     return 0;
 }

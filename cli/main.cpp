@@ -15,8 +15,8 @@ namespace canvas::cli {
 namespace {
 
 constexpr const char* about =
-    "Checks and prints the flowchart programs (.bpa) of motion controllers.\n"
-    "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 unreadable input, 5 internal error.";
+    "Checks and prints the flowchart programs (.bpa) of motion controllers, and keeps their hardware configuration.\n"
+    "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 unreadable input, 4 refused to overwrite, 5 internal error.";
 
 int run(int count, char** words, Console& console) {
     CLI::App line(about, "canvas");

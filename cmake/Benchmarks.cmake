@@ -10,7 +10,7 @@ if(sources)
   add_executable(canvas_bench ${sources})
   canvas_include_root(canvas_bench PRIVATE benchmarks)
   target_compile_definitions(canvas_bench PRIVATE CANVAS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(canvas_bench PRIVATE canvas_document benchmark::benchmark simdjson::simdjson)
+  target_link_libraries(canvas_bench PRIVATE canvas_document canvas_hardware benchmark::benchmark simdjson::simdjson)
   # CANVAS_BENCH_QT: Qt's undo stack is there to be compared with.
   if(Qt6Gui_FOUND)
     target_compile_definitions(canvas_bench PRIVATE CANVAS_BENCH_QT)

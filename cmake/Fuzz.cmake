@@ -11,7 +11,7 @@ foreach(source IN LISTS sources)
   set(target fuzz_${name})
   add_executable(${target} ${source})
   canvas_include_root(${target} PRIVATE fuzz)
-  target_link_libraries(${target} PRIVATE canvas_document atomic)  # clang calls it for atomics of a few bytes
+  target_link_libraries(${target} PRIVATE canvas_document canvas_hardware atomic)  # clang calls it for atomics of a few bytes
   target_link_options(${target} PRIVATE -fsanitize=fuzzer)
   add_dependencies(fuzzers ${target})
 endforeach()

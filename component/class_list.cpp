@@ -15,6 +15,7 @@
 #include "component/library.h"
 #include "document/canvas.h"
 #include "document/catalogue.h"
+#include "hardware/modules.h"
 
 namespace canvas::component {
 namespace {
@@ -85,6 +86,18 @@ constexpr Class list[] = {
     CLASS(clsBVTMessageIn),
     CLASS(clsBVTMessageOut),
     CLASS(clsBVTNodeText),
+    CLASS(clsBVTKX410),
+    CLASS(clsBVTCOM1),
+    CLASS(clsBVTCOM2),
+    CLASS(clsBVTNetwork),
+    CLASS(clsBVTRemoteIO),
+    CLASS(clsBVTRVQD),
+    CLASS(clsBVTExternalEncoder),
+    CLASS(clsBVTMasterEncoder),
+    CLASS(clsBVTDX260),
+    CLASS(clsBVTOperatorInterface),
+    CLASS(clsBVTPC),
+    CLASS(clsBVTAxioLane),
     CLASS_BY(Library, theLibrary),
     HANDED_OUT(Collection),
 };

@@ -1,4 +1,4 @@
-"""The code of docs/tutorial.md runs as it stands on the page."""
+"""The code of docs/tutorial.md and docs/hardware.md runs as it stands on the pages."""
 
 import os
 import pathlib
@@ -6,26 +6,38 @@ import re
 import tempfile
 import unittest
 
-PAGE = pathlib.Path(__file__).resolve().parents[2] / "docs/tutorial.md"
+DOCS = pathlib.Path(__file__).resolve().parents[2] / "docs"
 
 
-class Tutorial(unittest.TestCase):
-    def test_its_code_runs_from_top_to_bottom(self) -> None:
-        page = PAGE.read_text(encoding="utf-8")
-        # Every line keeps its number on the page, so that a failure points there.
-        code, inside = [], False
-        for line in page.splitlines():
-            fence = re.match(r"```(\w*)$", line)
-            code.append(line if inside and not fence else "")
-            inside = fence.group(1) == "python" if fence else inside
+def code_of(page: pathlib.Path) -> str:
+    """Every line keeps its number on the page, so that a failure points there."""
+    code, inside = [], False
+    for line in page.read_text(encoding="utf-8").splitlines():
+        fence = re.match(r"```(\w*)$", line)
+        code.append(line if inside and not fence else "")
+        inside = fence.group(1) == "python" if fence else inside
+    return "\n".join(code)
+
+
+class Pages(unittest.TestCase):
+    def run_page(self, name: str) -> list[str]:
+        """What the page leaves in its folder."""
         before = os.getcwd()
         with tempfile.TemporaryDirectory() as folder:
             os.chdir(folder)
             try:
-                exec(compile("\n".join(code), str(PAGE), "exec"), {"__name__": "tutorial"})
-                self.assertEqual(os.listdir(folder), ["tutorial.bpa"])
+                exec(compile(code_of(DOCS / name), str(DOCS / name), "exec"), {"__name__": "page"})
+                return sorted(os.listdir(folder))
             finally:
                 os.chdir(before)
+
+    def test_the_tutorials_code_runs_from_top_to_bottom(self) -> None:
+        self.assertEqual(self.run_page("tutorial.md"), ["tutorial.bpa"])
+
+    def test_the_hardware_pages_code_runs_from_top_to_bottom(self) -> None:
+        programs = pathlib.Path(os.environ["BREVANT_CANVAS"]).parents[1] / "bin"
+        os.environ["PATH"] = f"{programs}:{os.environ['PATH']}"
+        self.assertEqual(self.run_page("hardware.md"), ["controller.csv", "plant.db"])
 
 
 if __name__ == "__main__":
