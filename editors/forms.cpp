@@ -1,6 +1,7 @@
 #include "editors/forms.h"
 
 #include "editors/motion_forms.h"
+#include "editors/program_forms.h"
 
 namespace canvas::editors {
 namespace {
@@ -12,6 +13,10 @@ Ref<Form> plain() {
 }
 
 constexpr FormEntry list[] = {
+    {"frmListSubroutine", makeListSubroutine},
+    {"frmRestartProgram", makeRestartProgram},
+    {"frmSuperBlock", makeSuperBlock},
+    {"frmSuspendProgram", makeSuspendProgram},
     {"frmMoveAxis", plain<frmMoveAxis>},
 };
 
