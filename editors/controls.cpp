@@ -107,6 +107,13 @@ void Choice::AddItem(std::string_view item) {
     touched();
 }
 
+void Choice::AddItems(std::vector<std::string> items) {
+    if (m_items.empty()) m_items = std::move(items);
+    else m_items.insert(m_items.end(), std::move_iterator(items.begin()), std::move_iterator(items.end()));
+    ++m_revision;
+    touched();
+}
+
 void Choice::Clear() {
     m_items.clear();
     m_index = -1;
@@ -158,6 +165,12 @@ const Tree::Node& Tree::node(std::int32_t index) const { return element(m_nodes,
 
 void Tree::add(Node node) {
     m_nodes.push_back(std::move(node));
+    touched();
+}
+
+void Tree::clear() {
+    m_nodes.clear();
+    m_selected.clear();
     touched();
 }
 

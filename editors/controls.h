@@ -106,6 +106,8 @@ public:
     void setText(std::string_view text);
     void DblClick();
     void AddItem(std::string_view item);
+    /// In one change for those who watch.
+    void AddItems(std::vector<std::string> items);
     void Clear();
 
     const std::vector<std::string>& items() const noexcept { return m_items; }
@@ -165,6 +167,7 @@ public:
     void NodeClick(std::string_view key);
 
     void add(Node node);
+    void clear();
     const std::vector<Node>& nodes() const noexcept { return m_nodes; }
     /// Key of the node clicked last.
     const std::string& selected() const noexcept { return m_selected; }

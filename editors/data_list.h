@@ -47,6 +47,8 @@ public:
     std::int32_t tabInFront() const { return the<Tabs>("SSDataTab").Tab(); }
     /// The selected line of the tab in front, a table's without index; empty when none is.
     std::string line() { return list(tabInFront()).Text(); }
+    /// OK was pressed, on a line.
+    bool picked() { return bOKButtonClick && list(tabInFront()).ListIndex() >= 0; }
 
     /// OK was pressed in this showing.
     bool bOKButtonClick = false;
@@ -91,8 +93,12 @@ public:
 
 private:
     struct Lists;
+    template <class Run>
+    tracing::Flow browse(Run& run, const Lists& lists, const Ref<Object>& data, const Ref<Object>& controller);
     bool show(std::string_view procedure, const Lists& lists, const Ref<Object>& data, const Ref<Object>& controller,
               std::string& strNewData);
+    void readAddress(const Ref<Object>& data, const Ref<Object>& controller, std::string& strNewData,
+                     std::string& strNewAddress);
 
     Ref<frmDataList> m_form = make<frmDataList>();
 };
