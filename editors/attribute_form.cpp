@@ -1,5 +1,6 @@
 #include "editors/attribute_form.h"
 
+#include "editors/two_decimals.h"
 #include "host/ports.h"
 #include "tracing/branch.h"
 
@@ -87,7 +88,8 @@ void AttributeForm::fillControl(Control& control) {
 }
 
 void AttributeForm::fill() {
-    Procedure run(className(), "Form_Load", this, [](Locals&) {});
+    const std::string_view procedure = m_spec.filled == Filled::onActivate ? "Form_Activate" : "Form_Load";
+    Procedure run(className(), procedure, this, [](Locals&) {});
     for (const Ref<Control>& control : controls()) {
         if (control->row().kind == ControlKind::combo)
             for (const std::string_view entry : control->row().list) static_cast<Choice&>(*control).AddItem(entry);
@@ -181,9 +183,8 @@ std::string AttributeForm::ExpressionBuilder(std::string_view strExpression) {
     return result;
 }
 
-void AttributeForm::doubleClicked(TextControl& field) {
+void AttributeForm::build(TextControl& field, std::string_view procedure) {
     std::string text = field.Text();
-    const std::string procedure = field.Name() + "_DblClick";
     Procedure run(className(), procedure, this, [](Locals&) {});
     run([&] { text = ExpressionBuilder(text); }, [&] { field.setText(text); });
 }
@@ -202,8 +203,12 @@ void AttributeForm::on(Event event, Control& control) {
             case Role::none: return;
         }
     }
-    if (event == Event::doubleClick && row.doubleClick != DoubleClick::nothing)
-        doubleClicked(static_cast<TextControl&>(control));
+    if (event == Event::doubleClick && row.doubleClick == DoubleClick::builder)
+        build(static_cast<TextControl&>(control), control.Name() + "_DblClick");
+    if (event == Event::lostFocus && row.twoDecimals) {
+        auto& field = static_cast<TextControl&>(control);
+        field.setText(withTwoDecimals(field.Text()));
+    }
 }
 
 void AttributeForm::ownVariables(VariableSink& sink) const {
@@ -211,6 +216,8 @@ void AttributeForm::ownVariables(VariableSink& sink) const {
     sink.variable("strUserUnit", Value(strUserUnit));
     sink.variable("clsAttribute", Value(clsAttribute));
     if (m_spec.lists) sink.variable("colVariableNameList", Value(colVariableNameList));
+    moreLists(sink);
+    if (m_spec.validation) sink.variable("clsDataValidation", Value(Ref<Object>()));
     if (m_spec.data == 0) return;
     sink.variable("clsData", Value(clsData));
     sink.variable("clsController", Value(clsController));

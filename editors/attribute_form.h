@@ -33,6 +33,8 @@ public:
         bool builder = true;
         /// OKClicked answers.
         bool ok = true;
+        /// The form holds a range check, though no handler of it asks.
+        bool validation = false;
     };
 
     explicit AttributeForm(const Spec& spec) : Form(spec.design), m_spec(spec) {}
@@ -71,6 +73,8 @@ protected:
     void activated() override;
     void on(Event event, Control& control) override;
     void ownVariables(VariableSink& sink) const override;
+    /// Variables that stand behind the list of variable names.
+    virtual void moreLists(VariableSink&) const {}
 
     // Hooks: what a form does its own way.
 
@@ -87,11 +91,12 @@ protected:
     /// The common check with other flags: what `ValidateUserInput` of the checker says.
     bool validate(TextControl& field, std::string& strError, bool flag = true);
     void drawUnits();
+    /// Opens the expression builder on the field's text; `procedure` is the handler's name.
+    void build(TextControl& field, std::string_view procedure);
 
 private:
     std::vector<Control*> inOrder(std::int16_t ControlRow::*order) const;
     void fillControl(Control& control);
-    void doubleClicked(TextControl& field);
 
     const Spec& m_spec;
 };

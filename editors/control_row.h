@@ -29,7 +29,7 @@ enum class Unit : std::uint8_t { none, word, perSecond, msecOr };
 enum class Keys : std::uint8_t { all, noQuote, noQuoteNorSemicolon };
 
 /// What a double click on a text field does. The message dialogs' builder gives nothing back, so it empties the field.
-enum class DoubleClick : std::uint8_t { nothing, builder, empties };
+enum class DoubleClick : std::uint8_t { nothing, builder };
 
 enum class Role : std::uint8_t { none, ok, cancel, help };
 
@@ -63,6 +63,8 @@ struct ControlRow {
     std::span<const std::string_view> list = {};
     bool visible = true;
     bool enabled = true;
+    /// A number is shown with two decimals once the focus has left.
+    bool twoDecimals = false;
     /// Takes more than one line; the Enter key then belongs to the text.
     bool multiline = false;
     bool readOnly = false;
@@ -95,6 +97,17 @@ struct ControlRow {
     constexpr ControlRow onDoubleClick(DoubleClick what) const {
         ControlRow row = *this;
         row.doubleClick = what;
+        return row;
+    }
+    constexpr ControlRow withTwoDecimals() const {
+        ControlRow row = *this;
+        row.twoDecimals = true;
+        return row;
+    }
+    /// What assistive tools read out for a field without a label of its own.
+    constexpr ControlRow named(std::string_view readOut) const {
+        ControlRow row = *this;
+        row.caption = readOut;
         return row;
     }
     constexpr ControlRow hidden() const {

@@ -77,6 +77,7 @@ void Form::Unload() {
     setVisible(false);
     if (!m_loaded) return;
     m_loaded = false;
+    m_focused = nullptr;
     terminated();
 }
 
@@ -128,6 +129,17 @@ bool Form::focus(Control* control) {
     return m_focused == control;
 }
 
+bool Form::inFront(const Control& control) const {
+    const std::string_view in = control.row().in;
+    const std::size_t bracket = in.find('(');
+    const Control* container = find(in.substr(0, bracket));
+    if (!container) return true;
+    if (const auto* tabs = dynamic_cast<const Tabs*>(container);
+        tabs && !in.ends_with("(" + std::to_string(tabs->Tab()) + ")"))
+        return false;
+    return inFront(*container);
+}
+
 void Form::focusNext(bool backwards) {
     const std::size_t count = m_controls.size();
     std::size_t at = backwards ? 0 : count - 1;
@@ -135,7 +147,7 @@ void Form::focusNext(bool backwards) {
         if (m_controls[i].get() == m_focused) at = i;
     for (std::size_t step = 0; step < count; ++step) {
         at = (at + (backwards ? count - 1 : 1)) % count;
-        if (m_controls[at]->canTakeFocus()) return void(focus(m_controls[at].get()));
+        if (m_controls[at]->canTakeFocus() && inFront(*m_controls[at])) return void(focus(m_controls[at].get()));
     }
 }
 

@@ -107,6 +107,8 @@ protected:
 private:
     void setVisible(bool visible);
     void showModally();
+    /// Not on a tab behind another one.
+    bool inFront(const Control& control) const;
 
     const Design& m_design;
     std::string m_caption;

@@ -1,7 +1,13 @@
 #include "editors/forms.h"
 
+#include "editors/coupling_forms.h"
+#include "editors/data_list.h"
+#include "editors/expression_builder.h"
+#include "editors/flow_forms.h"
+#include "editors/message_forms.h"
 #include "editors/motion_forms.h"
 #include "editors/program_forms.h"
+#include "editors/small_forms.h"
 
 namespace canvas::editors {
 namespace {
@@ -12,12 +18,45 @@ Ref<Form> plain() {
     return Ref<Form>(new AttributeForm(spec));
 }
 
+/// A form with a class of its own.
+template <class F>
+Ref<Form> own() {
+    return make<F>();
+}
+
 constexpr FormEntry list[] = {
+    {"frmAbortMotion", makeAbortMotion},
+    {"frmCAMOnOff", makeCAMOnOff},
+    {"frmCAMShift", plain<frmCAMShift>},
+    {"frmChangeDynamics", makeChangeDynamics},
+    {"frmCompileOptions", makeCompileOptions},
+    {"frmDataList", own<frmDataList>},
+    {"frmDefinePosition", plain<frmDefinePosition>},
+    {"frmEditNodeName", makeEditNodeName},
+    {"frmExpressionBuilder", own<frmExpressionBuilder>},
+    {"frmGearingOnOff", makeGearingOnOff},
+    {"frmGearRatio", plain<frmGearRatio>},
+    {"frmHomeAxis", makeHomeAxis},
+    {"frmIfEvent", makeIfEvent},
+    {"frmIfFault", makeIfFault},
+    {"frmIncrementPosition", plain<frmIncrementPosition>},
+    {"frmInput", makeInput},
+    {"frmJogAxis", makeJogAxis},
+    {"frmLatchOnOff", plain<frmLatchOnOff>},
+    {"frmLatchTarget", plain<frmLatchTarget>},
     {"frmListSubroutine", makeListSubroutine},
+    {"frmMessageIn", plain<frmMessageIn>},
+    {"frmMessageOut", plain<frmMessageOut>},
+    {"frmMoveAxis", plain<frmMoveAxis>},
+    {"frmNodeText", makeNodeText},
+    {"frmOnTime", plain<frmOnTime>},
+    {"frmResetFault", makeResetFault},
     {"frmRestartProgram", makeRestartProgram},
+    {"frmScaleCAM", plain<frmScaleCAM>},
+    {"frmServoOnOff", plain<frmServoOnOff>},
     {"frmSuperBlock", makeSuperBlock},
     {"frmSuspendProgram", makeSuspendProgram},
-    {"frmMoveAxis", plain<frmMoveAxis>},
+    {"frmTorque", plain<frmTorque>},
 };
 
 class Dialogs final : public Forms {
