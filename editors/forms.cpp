@@ -2,11 +2,14 @@
 
 #include "editors/coupling_forms.h"
 #include "editors/data_list.h"
+#include "editors/error_form.h"
 #include "editors/expression_builder.h"
 #include "editors/flow_forms.h"
+#include "editors/limit_switch_form.h"
 #include "editors/message_forms.h"
 #include "editors/motion_forms.h"
 #include "editors/program_forms.h"
+#include "editors/set_variable_form.h"
 #include "editors/small_forms.h"
 
 namespace canvas::editors {
@@ -50,13 +53,16 @@ constexpr FormEntry list[] = {
     {"frmMoveAxis", plain<frmMoveAxis>},
     {"frmNodeText", makeNodeText},
     {"frmOnTime", plain<frmOnTime>},
+    {"frmProgrammableLimitSwitch", makeProgrammableLimitSwitch},
     {"frmResetFault", makeResetFault},
     {"frmRestartProgram", makeRestartProgram},
     {"frmScaleCAM", plain<frmScaleCAM>},
     {"frmServoOnOff", plain<frmServoOnOff>},
+    {"frmSetVariable", makeSetVariable},
     {"frmSuperBlock", makeSuperBlock},
     {"frmSuspendProgram", makeSuspendProgram},
     {"frmTorque", plain<frmTorque>},
+    {"vbwFrmErrHandler", own<vbwFrmErrHandler>},
 };
 
 class Dialogs final : public Forms {

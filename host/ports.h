@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/files.h"
 #include "host/object.h"
@@ -71,6 +72,15 @@ public:
     virtual Ref<Object> make(std::string_view name) = 0;
 };
 
+/// An application's timers, switched off while an error is being answered.
+class Timers {
+public:
+    virtual ~Timers() = default;
+    /// Names of those that are on.
+    virtual std::vector<std::string> enabled() = 0;
+    virtual void enable(const std::string& name, bool on) = 0;
+};
+
 /// Ends what runs. Tests replace it; it does not return otherwise.
 class Process {
 public:
@@ -79,7 +89,7 @@ public:
     virtual void exitThread(int code) = 0;
 };
 
-/// The ports in force on a thread. Never null, but for help and forms.
+/// The ports in force on a thread. Never null, but for help, forms and timers.
 struct Environment {
     std::shared_ptr<Interaction> interaction = {};
     std::shared_ptr<Files> files = {};
@@ -88,6 +98,7 @@ struct Environment {
     std::shared_ptr<UtilityLibrary> utility = {};
     std::shared_ptr<Help> help = {};    ///< null: a Help button does nothing
     std::shared_ptr<Forms> forms = {};  ///< null where the dialogs are not linked in
+    std::shared_ptr<Timers> timers = {};  ///< null: there are none
     Application application = {};
 };
 
