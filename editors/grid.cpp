@@ -25,6 +25,7 @@ Grid::Grid(Form& form, const ControlRow& row) : Tabled(form, row) {
         m_kinds.push_back(ColumnKind::text);
         m_cells.front().push_back({std::string(header), -1});
     }
+    m_col = std::min(1, Cols() - 1);
 }
 
 const Grid::One& Grid::cell(std::int32_t row, std::int32_t col) const {
@@ -83,6 +84,7 @@ bool Grid::finishEdit() {
         const Looking looking(m_validating);
         if (!raiseGrid(GridEvent::validateEdit, row, col)) return false;
     }
+    if (!m_editing) return true;  // a handler has taken the cell away
     m_editing = false;
     setCell(row, col, m_editText);
     touched();
@@ -96,14 +98,20 @@ void Grid::cancelEdit() {
 }
 
 bool Grid::Edit(std::int32_t row, std::int32_t col, std::string_view text) {
+    if (!beginEdit(row, col)) return false;
     std::string typed;
-    while (!text.empty()) {
+    bool taken = text.empty();
+    while (!text.empty() && text.front() != '\r' && text.front() != '\t') {
         const utf8::Decoded key = utf8::first(text);
         const std::size_t size = std::max<std::size_t>(1, key.size);
-        if (!key.size || accepts(key.character)) typed += text.substr(0, size);
+        const bool erases = text.front() == '\b';
+        if (erases) typed = text::withoutLast(typed, 1);
+        else if (!key.size || accepts(key.character)) typed += text.substr(0, size);
+        taken = taken || erases || !typed.empty();
         text.remove_prefix(size);
     }
-    return Paste(row, col, typed);
+    if (taken) setEditText(typed);
+    return finishEdit();
 }
 
 bool Grid::Paste(std::int32_t row, std::int32_t col, std::string_view text) {
@@ -141,7 +149,7 @@ void Grid::DblClick(std::int32_t row, std::int32_t col) {
 
 void Grid::KeyDown(std::int32_t code) {
     const Ref<Form> keep(form());
-    if (!keep || !canTakeFocus() || !keep->focus(this)) return;
+    if (!keep || !canTakeFocus() || !keep->focus(this) || m_editing) return;
     m_keyCode = code;
     raiseGrid(GridEvent::keyDown, m_row, m_col);
 }
@@ -158,6 +166,7 @@ void Grid::addRow(const std::vector<std::string>& texts) {
         else if (m_kinds[col] == ColumnKind::check) row[col].text = "False";
     }
     m_cells.push_back(std::move(row));
+    if (m_row == 0) m_row = 1;
     touched();
 }
 

@@ -42,7 +42,8 @@ public:
     std::int32_t CellBackColor(std::int32_t row, std::int32_t col) const { return cell(row, col).backColor; }
 
     /// Opens the cell's editor with its text selected, types through the key filter, and leaves. True when the cell
-    /// could be left; one that could not stays in edit.
+    /// could be left; one that could not stays in edit. An empty text empties the cell; "\b" deletes backwards, "\r" and
+    /// "\t" leave at once. Where the filter lets nothing through, the cell keeps its text.
     bool Edit(std::int32_t row, std::int32_t col, std::string_view text);
     /// The same without the key filter.
     bool Paste(std::int32_t row, std::int32_t col, std::string_view text);
@@ -51,13 +52,14 @@ public:
     void ButtonClick(std::int32_t row, std::int32_t col);
     void Click(std::int32_t row, std::int32_t col);
     void DblClick(std::int32_t row, std::int32_t col);
+    /// Nothing while a cell is in edit: its editor has the keys.
     void KeyDown(std::int32_t code);
     bool RowSelection() const noexcept { return m_rowSelection; }
 
     // For the form
     void setColumnKind(std::int32_t col, ColumnKind kind);
     ColumnKind columnKind(std::int32_t col) const { return m_kinds.at(static_cast<std::size_t>(col)); }
-    /// Texts of the columns from 1 on; short rows are filled up.
+    /// Texts of the columns from 1 on; short rows are filled up. The first row to come becomes the current one.
     void addRow(const std::vector<std::string>& texts = {});
     void removeRow(std::int32_t row);
     void removeAllRows();
