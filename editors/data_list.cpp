@@ -159,7 +159,8 @@ void frmDataList::ownVariables(VariableSink& sink) const {
     sink.variable("clsData", Value(clsData));
 }
 
-/// Members that give the tabs' names: the data's, but for the controller's system variables. Empty: the tab stays empty.
+/// Members that give the tabs' names: the data's, but for the controller's system variables. Empty: the tab stays
+/// empty.
 struct clsBVTDataList::Lists {
     std::string_view members[frmDataList::tabCount];
     std::int16_t displayType;
@@ -236,8 +237,7 @@ void clsBVTDataList::readAddress(const Ref<Object>& data, const Ref<Object>& con
     };
     switch (m_form->tabInFront()) {
         case 0:
-            strNewAddress =
-                invoke(required(data), "GetUserDefinedVariableAddress", std::ref(strNewData)).toText();
+            strNewAddress = invoke(required(data), "GetUserDefinedVariableAddress", std::ref(strNewData)).toText();
             return;
         case 1: strNewAddress = listed(required(controller), "GetAllSystemVariableAddressCol"); return;
         case 2: strNewAddress = listed(required(data), "GetSystemIOAddressCol"); return;
@@ -256,10 +256,10 @@ bool clsBVTDataList::Show_Scope(Ref<Object> clsController, Ref<Object> clsData, 
     static constexpr Lists bits{{"getuserdefinedbitvariablecol", "GetRWSystemBitVariableCol", "GetBitSystemIOCol", "",
                                  "GetUserDefinedBitNetworkCol"},
                                 3};
-    static constexpr Lists others{{"GetUserDefinedNotBitVariableCol", "GetRWSystemNotBitVariableCol",
-                                   "GetNotBitSystemIOCol", "GetUserDefinedTableNonConCol",
-                                   "GetUserDefinedNotBitNetworkCol"},
-                                  3};
+    static constexpr Lists others{
+        {"GetUserDefinedNotBitVariableCol", "GetRWSystemNotBitVariableCol", "GetNotBitSystemIOCol",
+         "GetUserDefinedTableNonConCol", "GetUserDefinedNotBitNetworkCol"},
+        3};
     bool result = false;
     Procedure run(name, "Show_Scope", this, [&](Locals& l) {
         l("clsController", clsController);

@@ -13,7 +13,8 @@
 
 namespace canvas::editors {
 
-/// Names of a program's data, a tab for each sort: user variables 0, system variables 1, I/O 2, tables 3, network data 4.
+/// Names of a program's data, a tab for each sort: user variables 0, system variables 1, I/O 2, tables 3, network
+/// data 4.
 class frmDataList final : public Form {
 public:
     static constexpr std::int32_t tableTab = 3;
@@ -72,7 +73,8 @@ private:
     tracing::Flow askIndex(std::string_view table, std::int32_t size);
 };
 
-/// Lets the user pick one data item. True when OK was pressed on a line; what goes by reference is left alone otherwise.
+/// Lets the user pick one data item. True when OK was pressed on a line; what goes by reference is left alone
+/// otherwise.
 class clsBVTDataList final : public Tabled<clsBVTDataList> {
 public:
     static constexpr std::string_view name = "clsBVTDataList";
@@ -84,8 +86,8 @@ public:
     bool Show_LSMV(Ref<Object> clsData, Ref<Object> clsController, std::string& strNewData);
     /// All data; of a table its plain name.
     bool Show_Data(Ref<Object> clsData, Ref<Object> clsController, std::string& strNewData);
-    /// What an oscilloscope can trace, with its address: bits, or with `iType` 0 what is no bit. A table's element has its
-    /// index; the address of network data is left alone. The controller comes first here.
+    /// What an oscilloscope can trace, with its address: bits, or with `iType` 0 what is no bit. A table's element has
+    /// its index; the address of network data is left alone. The controller comes first here.
     bool Show_Scope(Ref<Object> clsController, Ref<Object> clsData, std::string& strNewData, std::string& strNewAddress,
                     std::int16_t iType);
 

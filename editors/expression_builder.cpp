@@ -15,7 +15,10 @@ using tracing::Procedure;
 namespace {
 
 constexpr ControlRow expressionField(std::string_view name, std::int16_t line) {
-    return {.name = name, .kind = ControlKind::text, .caption = "Expression", .line = line,
+    return {.name = name,
+            .kind = ControlKind::text,
+            .caption = "Expression",
+            .line = line,
             .keys = Keys::noQuoteNorSemicolon};
 }
 
@@ -151,9 +154,7 @@ void frmExpressionBuilder::terminated() {
     clsSyntaxValidation = {};
 }
 
-void frmExpressionBuilder::committed() {
-    strUndoExpression = std::exchange(strExpression, field().Text());
-}
+void frmExpressionBuilder::committed() { strUndoExpression = std::exchange(strExpression, field().Text()); }
 
 /// Blanks keep the name apart from what stands before and behind the insertion point. The end of the text counts as
 /// no blank.
@@ -175,12 +176,12 @@ void frmExpressionBuilder::nodeClicked() {
         std::string_view tag;
         const Ref<Object>& collection;
     } lists[] = {
-        {"Variables", UserVariableCol},        {"Network", UserNetworkCol},
-        {"Constants", UserConstantCol},        {"SystemVariables", SystemVariableCol},
-        {"I/O", SystemIOCol},                  {"Tables", UserTableCol},
+        {"Variables", UserVariableCol},           {"Network", UserNetworkCol}, {"Constants", UserConstantCol},
+        {"SystemVariables", SystemVariableCol},   {"I/O", SystemIOCol},        {"Tables", UserTableCol},
         {"SystemParameters", SystemParameterCol},
     };
-    const auto* list = std::find_if(std::begin(lists), std::end(lists), [&](const auto& row) { return row.tag == tag; });
+    const auto* list =
+        std::find_if(std::begin(lists), std::end(lists), [&](const auto& row) { return row.tag == tag; });
     if (list == std::end(lists)) return;
     Choice& shown = the<Choice>("lstVariable");
     shown.Clear();
@@ -258,9 +259,7 @@ void frmExpressionBuilder::on(Event event, Control& control) {
     if (name == "cmdClear") return clear();
     switch (control.row().role) {
         case Role::ok: return ok();
-        case Role::cancel:
-            strExpression = strOriginalExpression;
-            return Hide();
+        case Role::cancel: strExpression = strOriginalExpression; return Hide();
         case Role::help: return showHelp();
         case Role::none: return;
     }

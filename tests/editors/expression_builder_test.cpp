@@ -1,78 +1,12 @@
 // The expression builder: lists, insertion, undo, the check on OK, and what comes back.
 
-#include "editors/expression_builder.h"
-
 #include <gtest/gtest.h>
 
-#include "tests/editors/name_lists.h"
+#include "tests/editors/expression_builder_user.h"
 #include "tests/host/raised.h"
-#include "tests/tracing/fakes.h"
 
 namespace canvas::editors {
 namespace {
-
-using Names = std::vector<std::string>;
-
-struct ExpressionBuilder : testing::Test {
-    Playing play;
-    std::shared_ptr<Script> user = play.user;
-    Ref<Composed> data = listsNamed({"getuserdefinedvariablecol", "GetUserDefinedConstantCol",
-                                     "GetUserDefinedNetworkCol", "GetUserDefinedTableCol", "GetSystemIOCol"});
-    Ref<Composed> controller = listsNamed({"GetReadableSystemVariablecol", "GetReadableSystemParameterCol"});
-    Ref<Composed> checker = make<Composed>("Checker");
-    std::string complaint;  ///< empty: every text is good
-    std::int32_t complaintStart = 0, complaintLength = 0;
-    Names checked;
-    Ref<Object> builder = make<clsBVTExpressionBuilder>();
-    Ref<Form> form;  ///< the one shown last
-
-    ExpressionBuilder() {
-        checker->method("checkexpression", [this](Args args) {
-            EXPECT_EQ(args[1].toLong(), 1);
-            EXPECT_EQ(args[2].toLong(), 1);
-            checked.push_back(args[0].toText());
-            return Value(complaint.empty() ? 0 : 7);
-        });
-        checker->method("GetErrorInfo", [this](Args args) {
-            args[0] = Value(complaint);
-            args[1] = Value(complaintStart);
-            args[2] = Value(complaintLength);
-            return Value(1);
-        });
-    }
-
-    /// Opens the builder on a text, has the user do `steps`, and gives what comes back.
-    std::string run(std::string_view opening, std::function<void()> steps) {
-        user->script = [this, steps = std::move(steps)](Object& shown) {
-            form = Ref<Form>(&dynamic_cast<Form&>(shown));
-            steps();
-        };
-        builder->put("Expression", Value(opening));
-        invoke(*builder, "Show_ExpressionBuilder", Ref<Object>(controller), Ref<Object>(data), Ref<Object>(checker));
-        return builder->get("Expression").toText();
-    }
-    Ref<Object> at(std::string_view name) { return control(*form, name); }
-    void click(std::string_view button) { invoke(*at(button), "Click"); }
-    std::string text() { return at("txbExpression")->get("Text").toText(); }
-    void put(std::string_view newText) { at("txbExpression")->put("Text", Value(newText)); }
-    void select(std::int32_t start, std::int32_t length = 0) {
-        at("txbExpression")->put("SelStart", Value(start));
-        at("txbExpression")->put("SelLength", Value(length));
-    }
-    std::pair<std::int32_t, std::int32_t> selection() {
-        return {at("txbExpression")->get("SelStart").toLong(), at("txbExpression")->get("SelLength").toLong()};
-    }
-    void node(std::string_view key) { invoke(*at("tvData"), "NodeClick", key); }
-    Names names() { return shownIn(*at("lstVariable")); }
-    void insertName(std::int32_t index = 0) {
-        at("lstVariable")->put("ListIndex", Value(index));
-        invoke(*at("lstVariable"), "DblClick");
-    }
-    void insertOperator(std::int32_t row) {
-        at("lstOperator")->put("ListIndex", Value(row));
-        invoke(*at("lstOperator"), "DblClick");
-    }
-};
 
 constexpr std::int32_t plus = 2;
 
@@ -231,20 +165,16 @@ TEST_F(ExpressionBuilder, InsertingKeepsTheNameApart) {
         std::string after;
         std::int32_t point;
     } rows[] = {
-        {"", 0, 0, "X ", 2},             // at the start: always a blank behind, none before
-        {"a", 0, 0, "X a", 2},
-        {" a", 0, 0, "X  a", 2},
-        {"ab", 1, 0, "a X b", 4},        // between two characters
-        {"a b", 1, 0, "a X b", 3},       // before a blank
-        {"a b", 2, 0, "a X b", 4},       // behind a blank
-        {"a  b", 2, 0, "a X b", 3},      // between two blanks
-        {"ab", 2, 0, "ab X ", 5},        // the end counts as no blank
-        {"ab ", 3, 0, "ab X ", 5},
-        {"abc", 1, 1, "a X c", 4},       // over a selection; what counts is the character behind the insertion point
-        {"a b c", 2, 1, "a X  c", 4},
-        {"a b c", 1, 1, "a Xb c", 3},
-        {"abc", 0, 3, "X ", 2},
-        {"a\tb", 2, 0, "a\t X b", 5},    // a tab is no blank
+        {"", 0, 0, "X ", 2},  // at the start: always a blank behind, none before
+        {"a", 0, 0, "X a", 2},        {" a", 0, 0, "X  a", 2},      {"ab", 1, 0, "a X b", 4},  // between two characters
+        {"a b", 1, 0, "a X b", 3},                                                             // before a blank
+        {"a b", 2, 0, "a X b", 4},                                                             // behind a blank
+        {"a  b", 2, 0, "a X b", 3},                                                            // between two blanks
+        {"ab", 2, 0, "ab X ", 5},                                 // the end counts as no blank
+        {"ab ", 3, 0, "ab X ", 5},    {"abc", 1, 1, "a X c", 4},  // over a selection; what counts is the character
+                                                                  // behind the insertion point
+        {"a b c", 2, 1, "a X  c", 4}, {"a b c", 1, 1, "a Xb c", 3}, {"abc", 0, 3, "X ", 2},
+        {"a\tb", 2, 0, "a\t X b", 5},  // a tab is no blank
         {"😀b", 2, 0, "😀 X b", 5},      // a character outside the basic plane is two units
         {"ä日", 1, 0, "ä X 日", 4},
     };
@@ -461,8 +391,12 @@ TEST_F(ExpressionBuilder, TheFormsMembersAnswerByName) {
     user->script = [&](Object& shown) {
         form = Ref<Form>(&dynamic_cast<Form&>(shown));
         const std::pair<std::string, std::string> lists[] = {
-            {"Variables", "variable"},     {"Constants", "constant"}, {"SystemVariables", "system"},
-            {"SystemParameters", "parameter"}, {"I/O", "io"},         {"Tables", "table"},
+            {"Variables", "variable"},
+            {"Constants", "constant"},
+            {"SystemVariables", "system"},
+            {"SystemParameters", "parameter"},
+            {"I/O", "io"},
+            {"Tables", "table"},
             {"Network", "network"},
         };
         for (const auto& [tag, name] : lists) {
@@ -532,146 +466,6 @@ TEST_F(ExpressionBuilder, AFormClosedByItsHostWhileItIsOpenStillTakesTheResult) 
     invoke(*moveAxis, "Show");
     EXPECT_EQ(control(*moveAxis, "txbVelocity")->get("Text").toText(), "7");
     EXPECT_FALSE(moveAxis->get("OKClicked").toBoolean());
-}
-
-// Hosts that fail
-
-TEST_F(ExpressionBuilder, AHostThatLacksAListIsToldOfAndTheTextStays) {
-    data->without("GetUserDefinedNetworkCol");
-    EXPECT_EQ(run("a", [&] { FAIL() << "shown"; }), "a");
-    ASSERT_EQ(user->boxes.size(), 1u);
-    EXPECT_EQ(user->boxes[0].text,
-              "ExpressionBuilder.Show_ExpressionBuilder(): [438] Object doesn't support this property or method");
-    EXPECT_EQ(user->boxes[0].buttons, Buttons::ok);
-}
-
-TEST_F(ExpressionBuilder, AHostsOwnErrorIsToldWithItsNumberAndDescription) {
-    controller->method("GetReadableSystemParameterCol",
-                       [](Args) -> Value { throw RuntimeError(-2147220991, "no controller", "Host"); });
-    EXPECT_EQ(run("a", [&] { FAIL() << "shown"; }), "a");
-    EXPECT_EQ(user->boxes.at(0).text, "ExpressionBuilder.Show_ExpressionBuilder(): [-2147220991] no controller");
-}
-
-TEST_F(ExpressionBuilder, NothingInPlaceOfAHostsObjectIsToldOf) {
-    builder->put("Expression", Value("a"));
-    user->script = [](Object&) { FAIL() << "shown"; };
-    invoke(*builder, "Show_ExpressionBuilder", Ref<Object>(), Ref<Object>(), Ref<Object>());
-    EXPECT_EQ(user->boxes.at(0).text,
-              "ExpressionBuilder.Show_ExpressionBuilder(): [91] Object variable not set");
-    EXPECT_EQ(builder->get("Expression").toText(), "a");
-}
-
-TEST_F(ExpressionBuilder, NobodyIsAskedAboutAFailureThatItTellsItself) {
-    data->without("GetSystemIOCol");
-    tracing::ScriptedHandler handler({tracing::Answer::retry});
-    run("a", [&] {});
-    EXPECT_TRUE(handler.asked.empty());
-    EXPECT_EQ(user->boxes.size(), 1u);
-}
-
-TEST_F(ExpressionBuilder, AListThatIsNothingFailsWhenItsNodeIsClicked) {
-    data->method("GetSystemIOCol", [](Args) { return Value(Ref<Object>()); });
-    run("a", [&] {
-        node("Tables");
-        EXPECT_EQ(raisedBy([&] { node("I/O"); }), 91);
-        EXPECT_EQ(names(), Names{});
-        EXPECT_TRUE(form->Visible());
-    });
-}
-
-TEST_F(ExpressionBuilder, AListThatBreaksOffCanBeUsedWithoutTheBrokenName) {
-    data->method("GetSystemIOCol", [](Args) { return Value(countedNames(4, 2)); });
-    tracing::ScriptedHandler handler({tracing::Answer::ignore});
-    run("a", [&] {
-        node("I/O");
-        EXPECT_EQ(names(), (Names{"Item1", "Item3", "Item4"}));
-    });
-    ASSERT_EQ(handler.asked.size(), 1u);
-    EXPECT_EQ(handler.asked[0].module, "frmExpressionBuilder");
-    EXPECT_EQ(handler.asked[0].procedure, "tvData_NodeClick");
-}
-
-TEST_F(ExpressionBuilder, ANullInPlaceOfANameIsError94) {
-    data->method("GetSystemIOCol", [](Args) {
-        auto list = make<Collection>();
-        list->Add(Value(Null{}));
-        return Value(list);
-    });
-    run("a", [&] { EXPECT_EQ(raisedBy([&] { node("I/O"); }), 94); });
-}
-
-TEST_F(ExpressionBuilder, AFailingCheckerKeepsTheTypedText) {
-    checker->method("checkexpression", [](Args) -> Value { throw RuntimeError(1234, "checker is broken", "Host"); });
-    {
-        tracing::ScriptedHandler handler({tracing::Answer::leave});
-        run("a", [&] {
-            put("typed");
-            click("cmdOK");
-            EXPECT_TRUE(form->Visible());
-            EXPECT_EQ(text(), "typed");
-        });
-        ASSERT_EQ(handler.asked.size(), 1u);
-        EXPECT_EQ(handler.asked[0].procedure, "cmdOK_Click");
-    }
-    EXPECT_TRUE(user->boxes.empty());
-    // where nobody can be asked, the failure ends the showing
-    EXPECT_EQ(run("a",
-                  [&] {
-                      put("typed");
-                      click("cmdOK");
-                  }),
-              "a");
-    EXPECT_EQ(user->boxes.at(0).text, "ExpressionBuilder.Show_ExpressionBuilder(): [1234] checker is broken");
-}
-
-TEST_F(ExpressionBuilder, ACheckerThatSaysNothingMarksNothing) {
-    checker->method("checkexpression", [](Args) { return Value(1); });
-    checker->method("GetErrorInfo", [](Args) { return Value(); });
-    run("a", [&] {
-        click("cmdOK");
-        EXPECT_TRUE(form->Visible());
-    });
-    EXPECT_EQ(user->boxes.at(0).text, "");
-    EXPECT_EQ(user->boxes.at(0).title, "Syntax Error");
-}
-
-TEST_F(ExpressionBuilder, WithoutACheckerOKIsAnErrorAndTheDialogStays) {
-    const Ref<Object> alone = makeForm("frmExpressionBuilder");
-    user->script = [&](Object& shown) {
-        EXPECT_EQ(raisedBy([&] { invoke(*control(shown, "cmdOK"), "Click"); }), 91);
-        EXPECT_TRUE(shown.get("Visible").toBoolean());
-    };
-    invoke(*alone, "Show");
-}
-
-TEST_F(ExpressionBuilder, TheSameBuilderCannotBeOpenedWhileItIsOpen) {
-    EXPECT_EQ(run("a",
-                  [&] {
-                      put("typed");
-                      invoke(*builder, "Show_ExpressionBuilder", Ref<Object>(controller), Ref<Object>(data),
-                             Ref<Object>(checker));
-                      EXPECT_TRUE(form->Visible());
-                      EXPECT_EQ(text(), "typed");
-                      click("cmdOK");
-                  }),
-              "typed");
-    ASSERT_EQ(user->boxes.size(), 1u);
-    EXPECT_EQ(user->boxes[0].text,
-              "ExpressionBuilder.Show_ExpressionBuilder(): [5] Invalid procedure call or argument");
-}
-
-TEST_F(ExpressionBuilder, FailingOnceItOpensTheNextTime) {
-    data->without("GetSystemIOCol");
-    run("a", [&] { FAIL() << "shown"; });
-    data->method("GetSystemIOCol", [](Args) { return Value(listOf({"x"})); });
-    EXPECT_EQ(run("b",
-                  [&] {
-                      EXPECT_EQ(at("tvData")->get("NodeCount").toLong(), 9);
-                      node("I/O");
-                      insertName();
-                      click("cmdOK");
-                  }),
-              "x b");
 }
 
 }  // namespace
