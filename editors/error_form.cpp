@@ -35,7 +35,7 @@ constexpr ControlRow controls[] = {
     caption("Image1", "", 0),
     caption("lblErrorString", "", 0, 1),
     caption("lblReport", "", 1, 1),
-    text("txtDescribe", {}, 2).onDoubleClick(DoubleClick::nothing).withLines(),
+    text("txtDescribe", {}, 2).onDoubleClick(DoubleClick::nothing).withLines().named("What happened"),
     button("cmdSendMail", "Report &Error", 3, 1),
     frame("picButtons", "", 4, 1),
     button("cmdAction(0)", "&Abort", 0, 0).within("picButtons"),

@@ -175,6 +175,25 @@ TEST_F(CamOnOffForm, OkWritesTheSelectedTables) {
     EXPECT_EQ(stored("SpeedFeedForwardAddress"), "one");
 }
 
+TEST_F(CamOnOffForm, ATableThatTheProjectHasLostIsWrittenAsTheEmptySelection) {
+    openCam({"one"}, "gone", "one");
+    show([&] { click("btnCancel"); });
+    EXPECT_EQ(stored("CAMProfileTable"), "gone");
+    show([&] { click("btnOK"); });
+    EXPECT_EQ(stored("CAMProfileTable"), "");
+    EXPECT_EQ(stored("SpeedFeedForwardAddress"), "one");
+}
+
+TEST_F(CamOnOffForm, TenThousandTablesAreTaken) {
+    form = makeForm("frmCAMOnOff");
+    attribute()->put("CAMProfileTable", Value("table 9999"));
+    form->call("Load");
+    for (int i = 0; i < 10000; ++i) invoke(*at("cmbCAMProfileTable"), "AddItem", "table " + std::to_string(i));
+    form->call("SetCAMProfileTable");
+    EXPECT_EQ(at("cmbCAMProfileTable")->get("ListIndex").toLong(), 9999);
+    EXPECT_THROW(invoke(*at("cmbCAMProfileTable"), "AddItem", Null{}), RuntimeError) << "a host's null is no name";
+}
+
 TEST_F(CamOnOffForm, GainAndModulusTakeTwoDecimalsWhenLeftAndNoOtherFieldDoes) {
     openCam({}, "", "");
     show([&] {

@@ -80,6 +80,23 @@ TEST_F(IfEventForm, AnEmptyProjectFailsTheBuilderInItsOwnBoxAndKeepsTheText) {
     EXPECT_EQ(user.boxes.size(), 1u);
 }
 
+TEST_F(IfEventForm, AFormThatItsHostClosesUnderTheBuilderStillTakesTheText) {
+    open("frmIfEvent");
+    user.script = [&](Object& shown) {
+        if (&shown == form.get()) {
+            put("txbEvent", "one");
+            invoke(*at("txbEvent"), "DblClick");
+            return;
+        }
+        form->Close();
+        EXPECT_FALSE(form->Visible());
+    };
+    form->call("Show");
+    EXPECT_EQ(text("txbEvent"), "one");
+    EXPECT_FALSE(form->get("OKClicked").toBoolean());
+    EXPECT_EQ(stored("EventK"), "");
+}
+
 TEST_F(IfEventForm, TheLabelReadsEvent) {
     open("frmIfEvent");
     EXPECT_EQ(at("lblEvent")->get("Caption").toText(), "Event:");

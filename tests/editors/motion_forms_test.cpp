@@ -303,6 +303,13 @@ TEST_F(PositionForms, ACheckerThatSaysNothingKnownOrRaisesKeepsTheAttribute) {
     }
 }
 
+TEST_F(PositionForms, ANullUnitIsRefusedAndTheDialogSaysUnit) {
+    form = makeForm("frmTorque");
+    EXPECT_THROW(form->put("UserUnit", Value(Null{})), RuntimeError);
+    form->call("Load");
+    EXPECT_EQ(at("lblSpeedLimitUnit")->get("Caption").toText(), "unit/sec");
+}
+
 TEST_F(PositionForms, TextOfEveryPlaneIsKept) {
     open("frmTorque");
     const std::string text = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x9A\x80";
