@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "document/canvas.h"
+#include "document/catalogue.h"
 #include "editors/error_form.h"
 #include "tests/editors/host_objects.h"
 #include "tracing/branch.h"
@@ -298,6 +300,26 @@ TEST_F(ErrorDialogTest, ASecondErrorDuringAReportAsksAgainAndAbortEnds) {
     EXPECT_EQ(FakeProcess::ends, 1);
     ASSERT_GE(user->shown.size(), 2u);
     EXPECT_NE(user->shown[1].find("Error 11"), std::string::npos);
+}
+
+TEST_F(ErrorDialogTest, AReportOfAFullDocumentStaysSmallAndShowsEachBlockOnce) {
+    auto document = make<clsBVTCanvas>();
+    for (std::int16_t id = 1; id <= 1023; ++id) {
+        auto block = make<clsBVTBlock>();
+        block->intBlockID = id;
+        block->setBlockType(MOVEAXIS);
+        block->ClearFromBlockID();
+        document->BlockCollection->Add(*block);
+    }
+    user->clicks = {"cmdSendMail", "cmdAction(2)"};
+    Procedure run("clsBVTCanvas", "CheckConnection", document.get(), [&](Locals& l) { l("again", document->BlockCollection); });
+    run([] { raise(Error::overflow); });
+    const std::string dump = file("Variables.txt");
+    EXPECT_LT(dump.size(), 32u << 20);
+    EXPECT_GT(dump.size(), 1023u * 100);
+    std::size_t blocks = 0;
+    for (std::size_t at = 0; (at = dump.find("**** clsBVTMoveAxis ", at)) != std::string::npos; ++at) ++blocks;
+    EXPECT_EQ(blocks, 1023u);
 }
 
 TEST_F(ErrorDialogTest, TimersAreOffWhileAsking) {
