@@ -34,7 +34,7 @@ get_property(floors GLOBAL PROPERTY CANVAS_FLOORS)
 foreach(floor IN LISTS floors)
   canvas_test(${floor} ON ${floor})
 endforeach()
-canvas_test(cli ON document hardware)
+canvas_test(cli ON editors hardware)
 if(TARGET test_cli AND TARGET canvas)
   add_dependencies(test_cli canvas)
 endif()
@@ -70,3 +70,12 @@ foreach(script IN LISTS scripts)
     TIMEOUT 600 SKIP_RETURN_CODE 77
     ENVIRONMENT "CANVAS_BIN=${canvas_cli};CANVAS_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endforeach()
+
+# What the error branch costs, in instructions: compiled as it is shipped, whatever the preset.
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  add_executable(branch_cost ${PROJECT_SOURCE_DIR}/tests/cost/branch_cost.cpp)
+  target_compile_options(branch_cost PRIVATE -O2 -Wno-maybe-uninitialized)
+  target_link_libraries(branch_cost PRIVATE canvas_tracing)
+  set_tests_properties(tools.branch_cost PROPERTIES
+    ENVIRONMENT "BRANCH_COST=$<TARGET_FILE:branch_cost>")
+endif()

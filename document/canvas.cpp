@@ -2,6 +2,7 @@
 
 #include "document/catalogue.h"
 #include "document/connection_check.h"
+#include "document/form_dispatch.h"
 #include "document/program_reader.h"
 #include "document/program_writer.h"
 #include "document/references.h"
@@ -332,8 +333,13 @@ bool clsBVTCanvas::ReplaceThisSuperBlock(std::string_view strOldName, std::strin
     return result;
 }
 
-// Still to be built
+// Dialogs
 
-bool clsBVTCanvas::ShowAttributeFormAndChanged(std::int16_t, Ref<Object>&) { raise(Error::actionNotSupported); }
+bool clsBVTCanvas::ShowAttributeFormAndChanged(std::int16_t BlockID, Ref<Object>& fForm) {
+    bool result = false;
+    onFailure([&] { result = showAttributeForm(*this, BlockID, fForm); },
+              [](const RuntimeError& error) { tell("Canvas::ShowAttributeFormChanged " + error.description); });
+    return result;
+}
 
 }  // namespace canvas

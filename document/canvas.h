@@ -136,7 +136,10 @@ public:
     /// Does nothing, and says so with False.
     bool UpdateSuperBlock() { return false; }
 
-    /// Still to be built: error 445.
+    // Dialogs
+    /// Opens the block's dialog, modal, with what the host's main window object offers. True when the attribute was
+    /// changed; `Changed` and the undo lists are the host's to keep. A type without a dialog gives False at once. A
+    /// failure, as when a host's member is missing, is told in a box.
     bool ShowAttributeFormAndChanged(std::int16_t BlockID, Ref<Object>& fForm);
 
 private:

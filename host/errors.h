@@ -59,6 +59,8 @@ public:
     int number;
     std::string description;
     std::string source;
+    /// The procedure that has asked about this error already and handed it on; 0 for none.
+    std::uint64_t handedOnBy = 0;
 
     const char* what() const noexcept override { return description.c_str(); }
 };

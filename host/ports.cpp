@@ -95,6 +95,9 @@ WithEnvironment::WithEnvironment(Environment own) : m_own(std::move(own)), m_bef
     fill(m_own.clock, before.clock);
     fill(m_own.process, before.process);
     fill(m_own.utility, before.utility);
+    fill(m_own.help, before.help);
+    fill(m_own.forms, before.forms);
+    fill(m_own.timers, before.timers);
     if (m_own.application.path.empty()) m_own.application.path = before.application.path;
     innermost = &m_own;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/files.h"
 #include "host/object.h"
@@ -56,6 +57,30 @@ public:
     virtual double now() = 0;
 };
 
+/// A host's help, known by one operation.
+class Help {
+public:
+    virtual ~Help() = default;
+    virtual void show() = 0;
+};
+
+/// Makes dialogs by name ("frmMoveAxis"), for floors that stand below the dialogs.
+class Forms {
+public:
+    virtual ~Forms() = default;
+    /// Null for a name that is none.
+    virtual Ref<Object> make(std::string_view name) = 0;
+};
+
+/// An application's timers, switched off while an error is being answered.
+class Timers {
+public:
+    virtual ~Timers() = default;
+    /// Names of those that are on.
+    virtual std::vector<std::string> enabled() = 0;
+    virtual void enable(const std::string& name, bool on) = 0;
+};
+
 /// Ends what runs. Tests replace it; it does not return otherwise.
 class Process {
 public:
@@ -64,14 +89,17 @@ public:
     virtual void exitThread(int code) = 0;
 };
 
-/// The ports in force on a thread. Never null.
+/// The ports in force on a thread. Never null, but for help, forms and timers.
 struct Environment {
-    std::shared_ptr<Interaction> interaction;
-    std::shared_ptr<Files> files;
-    std::shared_ptr<Clock> clock;
-    std::shared_ptr<Process> process;
-    std::shared_ptr<UtilityLibrary> utility;
-    Application application;
+    std::shared_ptr<Interaction> interaction = {};
+    std::shared_ptr<Files> files = {};
+    std::shared_ptr<Clock> clock = {};
+    std::shared_ptr<Process> process = {};
+    std::shared_ptr<UtilityLibrary> utility = {};
+    std::shared_ptr<Help> help = {};    ///< null: a Help button does nothing
+    std::shared_ptr<Forms> forms = {};  ///< null where the dialogs are not linked in
+    std::shared_ptr<Timers> timers = {};  ///< null: there are none
+    Application application = {};
 };
 
 /// The environment of this thread: the innermost `WithEnvironment`, else the process's own, which asks nobody:

@@ -5,8 +5,8 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libfmt-dev libgtest-dev libgmock-dev libcli11-dev
-    nlohmann-json3-dev libutf8proc-dev libsqlite3-dev)
-test_packages=(python3 binutils)
+    nlohmann-json3-dev libutf8proc-dev libsqlite3-dev libzip-dev)
+test_packages=(python3 binutils valgrind)
 bench_packages=(libbenchmark-dev libsimdjson-dev qt6-base-dev valgrind)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 

@@ -1,5 +1,6 @@
 #include "tracing/branch.h"
 
+#include <atomic>
 #include <new>
 
 #include "tracing/options.h"
@@ -39,6 +40,29 @@ RuntimeError caught() {
 }
 
 namespace detail {
+
+std::uint64_t markHandedOn(std::uint64_t number) {
+    static std::atomic<std::uint64_t> last = 0;
+    if (number == 0) number = ++last;
+    try {
+        throw;
+    } catch (RuntimeError& error) {
+        error.handedOnBy = number;
+        return number;
+    } catch (const std::bad_alloc&) {
+        return number;  // is asked about again: there is no room for a mark
+    }
+}
+
+std::uint64_t handedOnBy() noexcept {
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return error.handedOnBy;
+    } catch (...) {
+        return 0;
+    }
+}
 
 Answer answer(const Context& context) {
     RuntimeError error = caught();

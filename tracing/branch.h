@@ -9,6 +9,7 @@
 // `run` again inside its step and passes `Flow::leave` on. When nothing fails a step costs a compare and a store.
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <string_view>
 #include <type_traits>
@@ -51,6 +52,12 @@ struct Context {
 /// abort. Gives retry, ignore, leave or handOn. What is no run-time error is thrown on at once.
 Answer answer(const Context& context);
 
+/// For catch blocks: marks the error in flight as handed on by the procedure of that number, 0 for one that still needs
+/// a number. Gives the number.
+std::uint64_t markHandedOn(std::uint64_t number);
+/// Who handed on the error in flight; 0 for nobody.
+std::uint64_t handedOnBy() noexcept;
+
 }  // namespace detail
 
 template <class Visit>
@@ -69,11 +76,12 @@ public:
             try {
                 return runFrom(at, std::index_sequence_for<Steps...>{}, steps...) ? Flow::leave : Flow::next;
             } catch (...) {
-                if (std::current_exception() == m_handedOn) throw;  // a nested run has asked already
-                switch (detail::answer({m_module, m_procedure, m_self, &m_visit, &visit})) {
+                if (m_number != 0 && detail::handedOnBy() == m_number) throw;  // a nested run has asked already
+                const Visit locals = m_visit;  // no address of this object is taken, so that it stays in registers
+                switch (detail::answer({m_module, m_procedure, m_self, &locals, &visit})) {
                     case Answer::retry: break;
                     case Answer::ignore: ++at; break;
-                    case Answer::handOn: m_handedOn = std::current_exception(); throw;
+                    case Answer::handOn: m_number = detail::markHandedOn(m_number); throw;
                     default: return Flow::leave;
                 }
             }
@@ -103,7 +111,7 @@ private:
     std::string_view m_procedure;
     const Object* m_self;
     Visit m_visit;
-    std::exception_ptr m_handedOn;  ///< the failure itself: the next one is asked again
+    std::uint64_t m_number = 0;  ///< given when the procedure first hands an error on, and marks that error
 };
 
 /// The run-time error behind the exception in flight, for catch blocks: a RuntimeError as it is, memory that ran

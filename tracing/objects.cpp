@@ -36,6 +36,9 @@ private:
 
 thread_local const Following* Following::innermost = nullptr;
 
+/// The objects that a report has shown, so that one that many others hold is written once. Null outside a report.
+thread_local std::set<Ref<Object>, detail::ByAddress>* shown = nullptr;
+
 /// A property read; nothing when the object does not have it.
 std::optional<Value> readIfThere(Object& object, std::string_view name) {
     try {
@@ -83,6 +86,12 @@ void writeObject(std::string_view name, Object& object, int tab) {
 
 namespace detail {
 
+OneReport::OneReport() : m_before(shown) {
+    if (!m_before) shown = &m_shown;
+}
+
+OneReport::~OneReport() { shown = m_before; }
+
 void writeMembers(const Object& object, std::string_view prefix, int tab) {
     const Following following(object);
     ReportSink sink(tab, prefix);
@@ -94,9 +103,11 @@ void writeMembers(const Object& object, std::string_view prefix, int tab) {
 void vbwReportObject(std::string_view lName, Ref<Object> lObject, int lTab) noexcept {
     try {
         const InLibrary inside;
+        const detail::OneReport orPart;
         if (!lObject) return detail::writeMark(lTab, lName, "Nothing");
         const std::string_view refusal = Following::refusal(*lObject);
         if (!refusal.empty()) return detail::writeMark(lTab, lName, refusal);
+        if (!shown->insert(lObject).second) return detail::writeMark(lTab, lName, "Object Shown Above");
         writeObject(lName, *lObject, lTab);
     } catch (...) {
         detail::writeMark(lTab, lName, detail::variableFailed);

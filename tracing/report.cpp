@@ -83,6 +83,7 @@ void writeReport(const Context& context, const RuntimeError& error) noexcept {
     try {
         const std::lock_guard lock(oneReport());
         const OpenDump dump;
+        const OneReport report;
         section(localLevel, context.procedure, [&] { reportLocals(context); });
         section(moduleLevel, context.module, [&] { reportMembers(context); });
         section(globalLevel, "vbwCommon", [&] { reportProcess(error); });

@@ -12,6 +12,8 @@
 // written takes the place of its value, and the report goes on: apart from those that open, close and write the file
 // itself, nothing here raises an error.
 
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -57,6 +59,26 @@ private:
 namespace detail {
 
 struct Context;
+
+struct ByAddress {
+    bool operator()(const Ref<Object>& a, const Ref<Object>& b) const noexcept {
+        return std::less<>()(a.get(), b.get());
+    }
+};
+
+/// While the outermost one lives on a thread, each object is shown once; its other places tell so. Holds what was shown,
+/// so that no other object comes to live at its address.
+class OneReport {
+public:
+    OneReport();
+    ~OneReport();
+    OneReport(const OneReport&) = delete;
+    OneReport& operator=(const OneReport&) = delete;
+
+private:
+    std::set<Ref<Object>, ByAddress> m_shown;
+    std::set<Ref<Object>, ByAddress>* m_before;
+};
 
 /// Writes a whole report about a procedure that failed with `error`. A dump that cannot be opened loses the report,
 /// and no more.

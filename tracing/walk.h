@@ -14,9 +14,10 @@ Flow eachItem(Run& run, const Ref<Object>& collection, Use&& use) {
     if (run([&] { walk = walkOf(required(collection)); }) == Flow::leave) return Flow::leave;
     for (bool more = static_cast<bool>(walk); more;) {
         Value item;
-        const Flow flow = run([&] { more = walk->next(item); },
+        bool reached = false;
+        const Flow flow = run([&] { reached = more = walk->next(item); },
                               [&] {
-                                  if (more) use(std::as_const(item));
+                                  if (reached) use(std::as_const(item));
                               });
         if (flow == Flow::leave) return Flow::leave;
     }

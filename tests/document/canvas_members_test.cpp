@@ -175,14 +175,5 @@ TEST_F(CanvasMembers, NothingInPlaceOfABlockOrEdgeIsAFailure) {
     EXPECT_EQ(raisedBy([&] { call("AddEdge"); }), 450);
 }
 
-TEST_F(CanvasMembers, SomeAreStillToCome) {
-    // Each that is built leaves this list; when it is empty, the test goes.
-    const std::pair<std::string_view, std::vector<Value>> waiting[] = {
-        {"ShowAttributeFormAndChanged", {std::int16_t{1}, make<Composed>("frmMain")}},
-    };
-    for (const auto& [name, args] : waiting)
-        EXPECT_EQ(raisedBy([&] { call(name, args); }), 445) << name << " is there: take it off the list";
-}
-
 }  // namespace
 }  // namespace canvas

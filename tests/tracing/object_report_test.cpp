@@ -81,14 +81,14 @@ TEST_F(ObjectReport, DoesNotFollowAnObjectIntoItself) {
     object->reports([](VariableSink&) {});
 }
 
-TEST_F(ObjectReport, FollowsTheSameObjectTwiceBesideItself) {
+TEST_F(ObjectReport, ShowsAnObjectOnceAndTellsItsOtherPlaces) {
     const Ref<Object> shared = make<Reporting>([](VariableSink&) {});
     const Ref<Object> outer = make<Reporting>([&](VariableSink& sink) {
         sink.variable("a", shared);
         sink.variable("b", shared);
     });
     EXPECT_EQ(lines("obj", outer),
-              "**** clsSample obj ****\r\n\t**** clsSample obj.a ****\r\n\t**** clsSample obj.b ****\r\n");
+              "**** clsSample obj ****\r\n\t**** clsSample obj.a ****\r\n\tobj.b = {Object Shown Above}\r\n");
 }
 
 TEST_F(ObjectReport, StopsAtADepthThatNobodyReads) {
