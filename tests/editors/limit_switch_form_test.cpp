@@ -227,6 +227,31 @@ TEST_F(LimitSwitch, ABadEncoderTurnsRedAndTakesTheFocusBackBeforeItsMessage) {
     EXPECT_TRUE(focused);
 }
 
+/// Notes how many boxes had been shown when the focus came to the encoder's field.
+struct FocusWatch final : FormWatcher {
+    explicit FocusWatch(Script& script) : user(script) {}
+    void controlChanged(Control&) override {}
+    void focusMoved(Control* to) override {
+        if (to && to->Name() == "txbMasterVariable") boxesBefore.push_back(user.boxes.size());
+    }
+    void formChanged() override {}
+    Script& user;
+    std::vector<std::size_t> boxesBefore;
+};
+
+TEST_F(LimitSwitch, TheFocusIsBackWhenTheMessageIsShown) {
+    bad("1+", "Operand expected");
+    FocusWatch watch(*user);
+    show([&] {
+        invoke(*master(), "Type", "1+");
+        form->setWatcher(&watch);
+        invoke(*master(), "Leave");
+        form->setWatcher(nullptr);
+    });
+    EXPECT_EQ(watch.boxesBefore, (std::vector<std::size_t>{0}));
+    EXPECT_EQ(user->boxes.size(), 1u);
+}
+
 TEST_F(LimitSwitch, ABlankEncoderIsNotChecked) {
     show([&] {
         invoke(*master(), "Type", "  ");
