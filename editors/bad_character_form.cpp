@@ -14,7 +14,8 @@ std::span<const Member> BadCharacterForm::ownMembers() const {
 void BadCharacterForm::HandleBadCharacterError(std::string_view strBadChar, std::int16_t iIndex) {
     TextControl& field = the<TextControl>(m_field);
     const auto tellUser = [&] {
-        tell("The character " + std::string(strBadChar) + " cannot be allowed!\rPlease modify entry!", Icon::exclamation);
+        tell("The character " + std::string(strBadChar) + " cannot be allowed!\rPlease modify entry!",
+             Icon::exclamation);
     };
     const auto cut = [&] {
         if (iIndex < 1) raise(Error::invalidCall);

@@ -165,12 +165,14 @@ const Tree::Node& Tree::node(std::int32_t index) const { return element(m_nodes,
 
 void Tree::add(Node node) {
     m_nodes.push_back(std::move(node));
+    ++m_revision;
     touched();
 }
 
 void Tree::clear() {
     m_nodes.clear();
     m_selected.clear();
+    ++m_revision;
     touched();
 }
 

@@ -169,12 +169,15 @@ public:
     void add(Node node);
     void clear();
     const std::vector<Node>& nodes() const noexcept { return m_nodes; }
+    /// Grows with every change of the nodes themselves.
+    std::uint32_t revision() const noexcept { return m_revision; }
     /// Key of the node clicked last.
     const std::string& selected() const noexcept { return m_selected; }
 
 private:
     const Node& node(std::int32_t index) const;
     std::vector<Node> m_nodes;
+    std::uint32_t m_revision = 0;
     std::string m_selected;
 };
 

@@ -116,7 +116,7 @@ constexpr ControlRow camShift[] = {
 // Cam
 
 constexpr std::string_view camTabs = "SSCAMTab", camGeneral = "SSCAMTab(0)", camAdvanced = "SSCAMTab(1)";
-// The names of the stored tables stand beside the lists, since a list shows nothing when the project has lost its table.
+// The stored names stand beside the lists, since a list shows nothing when the project has lost the table.
 constexpr ControlRow cam[] = {
     tabs(camTabs, "General|Advanced", 0),
     caption("lblCAMProfileTable", "Position Data:", 0).within(camGeneral),
@@ -194,8 +194,10 @@ private:
 const AttributeForm::Spec frmCAMShift{
     .design = {"frmCAMShift", "Cam Shift", camShift}, .type = CAMSHIFT, .lists = true};
 const AttributeForm::Spec frmGearRatio{.design = {"frmGearRatio", "Gear Ratio", gearRatio}, .type = GEARRATIO};
-const AttributeForm::Spec frmLatchOnOff{
-    .design = {"frmLatchOnOff", "Latch", latchOnOff}, .type = LATCHONOFF, .filled = Filled::onActivate, .checks = false};
+const AttributeForm::Spec frmLatchOnOff{.design = {"frmLatchOnOff", "Latch", latchOnOff},
+                                        .type = LATCHONOFF,
+                                        .filled = Filled::onActivate,
+                                        .checks = false};
 const AttributeForm::Spec frmLatchTarget{
     .design = {"frmLatchTarget", "Latch Target", latchTarget}, .type = LATCHTARGET, .validation = true};
 const AttributeForm::Spec frmScaleCAM{.design = {"frmScaleCAM", "Scale Cam", scaleCam}, .type = SCALECAM};

@@ -92,8 +92,9 @@ void Form::showModally() {
     if (!environment().interaction->showForm(*this)) {
         Interaction* view = ownView();
         if (!view)
-            raise(Error::actionNotSupported, "Nobody can show " + Name() + ": the host's Interaction does not take forms, and " +
-                                                 std::string(ownViewFile()) + " cannot be loaded.");
+            raise(Error::actionNotSupported,
+                  "Nobody can show " + Name() + ": the host's Interaction does not take forms, and the library's own view fails (" +
+                      ownViewTrouble() + ").");
         view->showForm(*this);
     }
     Close();

@@ -75,15 +75,15 @@ protected:
         const bool good = validate(field, strError);
         if (field.row().name != sCurve) return good;
         if (!good) {
-            strError = "'" + field.Text() +
-                       "' cannot be assigned to the 'S-Curve' field.\r\rExpecting a positive integer in the range Of [0 To 255]";
+            strError = "'" + field.Text() + "' cannot be assigned to the 'S-Curve' field.\r\r" +
+                       "Expecting a positive integer in the range Of [0 To 255]";
             return false;
         }
         const auto number = numbers::parse(field.Text());
         if (!number || *number < 256) return true;  // an expression is the checker's matter
         // worded apart from the checker's refusal: the letters tell which of the two spoke
-        strError = "'" + field.Text() +
-                   "' cannot be assigned to the 'S-Curve' Field.\r\rExpecting a positive integer in the range of [0 To 255]";
+        strError = "'" + field.Text() + "' cannot be assigned to the 'S-Curve' Field.\r\r" +
+                   "Expecting a positive integer in the range of [0 To 255]";
         field.SetFocus();
         field.selectAll();
         return false;

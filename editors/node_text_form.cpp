@@ -69,7 +69,8 @@ protected:
     void ok() override {
         const std::string typed = the<TextControl>(field).Text();
         Procedure run(className(), "cmdOK_Click", this, [](Locals&) {});
-        if (clsAttribute && typed != strNodeName && run([&] { return keep(run, keptText(typed)); }) == Flow::leave) return;
+        const bool changed = clsAttribute && typed != strNodeName;
+        if (changed && run([&] { return keep(run, keptText(typed)); }) == Flow::leave) return;
         strNodeName = typed;
         Hide();
     }

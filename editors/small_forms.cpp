@@ -90,7 +90,8 @@ protected:
         the<Toggle>(chosen).setValue(true);
     }
     void ok() override {
-        intCompileOption = the<Toggle>("OptNormal").value() ? normal : the<Toggle>("OptOptimized").value() ? optimized : debug;
+        const auto isSet = [&](std::string_view option) { return the<Toggle>(option).value(); };
+        intCompileOption = isSet("OptNormal") ? normal : isSet("OptOptimized") ? optimized : debug;
         Hide();
     }
     void ownVariables(VariableSink& sink) const override {

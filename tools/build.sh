@@ -46,6 +46,7 @@ need_packages() {
         say "could not install: ${missing[*]}"
         exit 1
     }
+    mkdir -p "$root/build" && touch "$root/build/.installed"
 }
 
 # locked PRESET COMMAND...: runs the command while no other one holds the preset's build folder.
@@ -60,14 +61,17 @@ locked() {
     return $status
 }
 
-# configure PRESET: only when it never was, or when the presets have changed; the rest the build sees by itself.
+# configure PRESET: only when it never was, when the presets have changed, or when packages have come since, some of
+# which are used where they are found; the rest the build sees by itself.
 configure() {
     local folder=$root/build/$1
     # CMake refuses a build folder that came along with a copied tree.
     if [ -f "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
         rm -rf "$folder"
     fi
-    [ "$folder/build.ninja" -nt "$root/CMakePresets.json" ] && return
+    if [ "$folder/build.ninja" -nt "$root/CMakePresets.json" ] && [ ! "$root/build/.installed" -nt "$folder/build.ninja" ]; then
+        return
+    fi
     say "configuring $1"
     local log
     log=$(cd "$root" && cmake --preset "$1" 2>&1) || { printf "%s\n" "$log" >&2; return 1; }

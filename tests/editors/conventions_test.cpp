@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 
 #include "tests/editors/conventions_cases.h"
-#include "tests/editors/host_objects.h"
+#include "tests/editors/editing.h"
 
 namespace canvas::editors {
 namespace {
@@ -60,21 +59,10 @@ struct CheckLog {
     }
 };
 
-struct HelpCount final : Help {
-    int shown = 0;
-    void show() override { ++shown; }
-};
-
 struct Names final : VariableSink {
     Texts names;
     void variable(std::string_view name, const Value&) override { names.emplace_back(name); }
 };
-
-std::string buttonOf(Object& form, std::string_view plain) {
-    for (const std::string prefix : {"btn", "cmd"})
-        if (static_cast<Form&>(form).find(prefix + std::string(plain))) return prefix + std::string(plain);
-    return {};
-}
 
 class Conventions : public testing::TestWithParam<FormCase> {
 protected:
@@ -88,6 +76,7 @@ protected:
     Ref<Form> form = makeForm(c.name);
 
     Ref<Object> at(std::string_view name) { return control(*form, name); }
+    std::string shownBy(std::string_view label) { return at(label)->get("Caption").toText(); }
     /// As the canvas does it.
     void prepare(const Ref<Composed>& checker) {
         form->put("BVTAttribute", Value(attribute.object));
@@ -120,12 +109,13 @@ protected:
         return true;
     }
     Texts expectedChecks(std::size_t count) const {
+        const std::string flag = std::string(c.name) == "frmAbortMotion" ? "False" : "True";
         Texts all;
         for (std::size_t i = 0; i < count; ++i) {
             const CheckCase& check = c.checks[i];
             const bool six = c.sixthArgument && std::string(check.name) == "Home Switch Input";
             all.push_back(std::string(check.control) + "|" + check.name + "|" + std::to_string(check.type) + "|" +
-                          (std::string(c.name) == "frmAbortMotion" ? "False" : "True") + "|String|" + (six ? "6" : "5"));
+                          flag + "|String|" + (six ? "6" : "5"));
         }
         return all;
     }
@@ -212,7 +202,8 @@ TEST_P(Conventions, TheFirstRefusalEndsTheChecksWithABoxAndWritesNothing) {
         });
         EXPECT_EQ(checks.asked, expectedChecks(i + 1));
         ASSERT_EQ(user.boxes.size(), 1u);
-        const bool ownWords = std::string(c.checks[i].name) == "S-Curve" || std::string(c.checks[i].name) == "CreepSpeed";
+        const std::string field = c.checks[i].name;
+        const bool ownWords = field == "S-Curve" || field == "CreepSpeed";
         if (!ownWords) { EXPECT_EQ(user.boxes[0].text, "refused"); }
         EXPECT_EQ(user.boxes[0].icon, Icon::exclamation);
         EXPECT_EQ(user.boxes[0].buttons, Buttons::ok);
@@ -260,7 +251,7 @@ TEST_P(Conventions, UnitLabelsShowTheProjectsUnit) {
     prepare(CheckLog().object);
     show([&] {
         for (const UnitCase& unit : c.units)
-            EXPECT_EQ(at(unit.label)->get("Caption").toText(), std::string(unit.before) + "mm" + unit.behind) << unit.label;
+            EXPECT_EQ(shownBy(unit.label), std::string(unit.before) + "mm" + unit.behind) << unit.label;
     });
 }
 
@@ -270,7 +261,7 @@ TEST_P(Conventions, WithoutAUnitLabelsSayUnit) {
     form->call("Load");
     show([&] {
         for (const UnitCase& unit : c.units)
-            EXPECT_EQ(at(unit.label)->get("Caption").toText(), std::string(unit.before) + "unit" + unit.behind) << unit.label;
+            EXPECT_EQ(shownBy(unit.label), std::string(unit.before) + "unit" + unit.behind) << unit.label;
     });
 }
 
@@ -407,105 +398,6 @@ TEST_P(Conventions, BackspaceDeletesTabLeavesAndEnterPressesOk) {
 
 INSTANTIATE_TEST_SUITE_P(Forms, Conventions, testing::ValuesIn(formCases()),
                          [](const auto& info) { return std::string(info.param.name); });
-
-/// All forms, those that edit no attribute too.
-const struct {
-    const char* name;
-    const char* caption;
-} allForms[] = {
-    {"frmAbortMotion", "Stop Motion"},
-    {"frmCAMOnOff", "Cam"},
-    {"frmCAMShift", "Cam Shift"},
-    {"frmChangeDynamics", "Change Dynamics"},
-    {"frmCompileOptions", "Compile Options"},
-    {"frmDataList", "Data"},
-    {"frmDefinePosition", "Define Position"},
-    {"frmEditNodeName", "Edit Block Name"},
-    {"frmExpressionBuilder", "Expression Builder"},
-    {"frmGearRatio", "Gear Ratio"},
-    {"frmGearingOnOff", "Gear"},
-    {"frmHomeAxis", "Home Axis"},
-    {"frmIfEvent", "If Event"},
-    {"frmIfFault", "If Axis Fault"},
-    {"frmIncrementPosition", "Slave Offset"},
-    {"frmInput", "Input"},
-    {"frmJogAxis", "Jog Axis"},
-    {"frmLatchOnOff", "Latch"},
-    {"frmLatchTarget", "Latch Target"},
-    {"frmListSubroutine", "Call Subroutine"},
-    {"frmMessageIn", "Message In"},
-    {"frmMessageOut", "Message Out"},
-    {"frmMoveAxis", "Move Axis"},
-    {"frmNodeText", "Text"},
-    {"frmOnTime", "Timer"},
-    {"frmProgrammableLimitSwitch", "Programmable Limit Switch"},
-    {"frmResetFault", "Reset Fault"},
-    {"frmRestartProgram", "Launch Program"},
-    {"frmScaleCAM", "Scale Cam"},
-    {"frmServoOnOff", "Servo"},
-    {"frmSetVariable", "Set Variable"},
-    {"frmSuperBlock", "Call Subroutine"},
-    {"frmSuspendProgram", "Suspend Program"},
-    {"frmTorque", "Torque"},
-};
-
-TEST(AllForms, AreThereUnderTheirNamesWithTheirCaptions) {
-    for (const auto& row : allForms) {
-        const Ref<Form> form = makeForm(row.name);
-        ASSERT_TRUE(form) << row.name;
-        EXPECT_EQ(form->Name(), row.name);
-        EXPECT_EQ(form->Caption(), row.caption);
-        EXPECT_FALSE(form->Visible());
-    }
-}
-
-TEST(AllForms, ControlsAnswerByNameAndEachNameStandsOnce) {
-    for (const FormEntry& entry : forms()) {
-        const Ref<Form> form = entry.make();
-        EXPECT_EQ(form->Name(), entry.name);
-        const Value names = form->get("ControlNames");
-        std::set<std::string> seen;
-        for (const Ref<Control>& each : form->controls()) {
-            const std::string name = each->Name();
-            EXPECT_TRUE(seen.insert(name).second) << entry.name << "." << name;
-            EXPECT_EQ(control(*form, name).get(), each.get());
-            for (const auto* member : {"Name", "Kind", "Visible", "Enabled", "HasFocus", "BackColor"})
-                EXPECT_NO_THROW(each->get(member)) << entry.name << "." << name << "." << member;
-        }
-        EXPECT_THROW(control(*form, "nothingOfThatName"), RuntimeError);
-    }
-}
-
-TEST(AllForms, HaveAHelpButtonThatAsksTheHost) {
-    const auto help = std::make_shared<HelpCount>();
-    const WithEnvironment with{Environment{.help = help}};
-    int expected = 0;
-    for (const FormEntry& entry : forms()) {
-        const Ref<Form> form = entry.make();
-        const std::string button = buttonOf(*form, "Help");
-        if (button.empty()) continue;
-        Playing play;
-        play.user->script = [&](Object&) { invoke(*control(*form, button), "Click"); };
-        form->Show();
-        EXPECT_EQ(help->shown, ++expected) << entry.name;
-    }
-    EXPECT_GT(expected, 30);
-}
-
-TEST(AllForms, EveryFieldHasALabelOrATextForAssistiveTools) {
-    for (const FormEntry& entry : forms()) {
-        const Ref<Form> form = entry.make();
-        for (const Ref<Control>& each : form->controls()) {
-            const ControlRow& row = each->row();
-            if (row.kind != ControlKind::text && row.kind != ControlKind::combo) continue;
-            bool labelled = !row.caption.empty();
-            for (const Ref<Control>& other : form->controls())
-                labelled |= !other->row().caption.empty() && other->row().kind != ControlKind::button && other->row().in == row.in &&
-                            other->row().line == row.line && other->row().column < row.column;
-            EXPECT_TRUE(labelled) << entry.name << "." << row.name;
-        }
-    }
-}
 
 }  // namespace
 }  // namespace canvas::editors

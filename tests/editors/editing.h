@@ -7,6 +7,18 @@
 
 namespace canvas::editors {
 
+struct HelpCount final : Help {
+    int shown = 0;
+    void show() override { ++shown; }
+};
+
+/// "btnOK" or "cmdOK" for "OK"; empty when the form has neither.
+inline std::string buttonOf(Form& form, std::string_view plain) {
+    for (const std::string prefix : {"btn", "cmd"})
+        if (form.find(prefix + std::string(plain))) return prefix + std::string(plain);
+    return {};
+}
+
 struct Editing : testing::Test {
     Playing play;
     Script& user = *play.user;

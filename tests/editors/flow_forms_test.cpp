@@ -157,11 +157,7 @@ TEST_F(FlowForms, ServoIsAPairOfOptionsFilledWhenShown) {
 }
 
 TEST_F(FlowForms, FaultDialogsAnswerOnlyToHelp) {
-    struct Count final : Help {
-        int shown = 0;
-        void show() override { ++shown; }
-    };
-    const auto help = std::make_shared<Count>();
+    const auto help = std::make_shared<HelpCount>();
     const WithEnvironment with{Environment{.help = help}};
     for (const auto* name : {"frmIfFault", "frmResetFault"}) {
         form = makeForm(name);

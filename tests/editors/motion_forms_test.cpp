@@ -70,11 +70,13 @@ struct ChangeDynamicsForm : Editing {
     }
     static std::string ofChecker(const std::string& text) {
         return "'" + text +
-               "' cannot be assigned to the 'S-Curve' field.\r\rExpecting a positive integer in the range Of [0 To 255]";
+               "' cannot be assigned to the 'S-Curve' field.\r\r"
+               "Expecting a positive integer in the range Of [0 To 255]";
     }
     static std::string ofForm(const std::string& text) {
         return "'" + text +
-               "' cannot be assigned to the 'S-Curve' Field.\r\rExpecting a positive integer in the range of [0 To 255]";
+               "' cannot be assigned to the 'S-Curve' Field.\r\r"
+               "Expecting a positive integer in the range of [0 To 255]";
     }
 };
 

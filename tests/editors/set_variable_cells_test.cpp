@@ -214,6 +214,7 @@ TEST_F(SetVariable, AnotherCellThatIsBadHasNoType) {
     bad("1+", "Operand expected");
     list("Flag=;=1+;");
     EXPECT_TRUE(edit(2, 1, "Flag"));
+    EXPECT_EQ(checking.calls.back(), "checkexpression(1+,0,0)");
     EXPECT_TRUE(user->boxes.empty());
     EXPECT_EQ(color(2, 2), untouched);
 }

@@ -3,7 +3,7 @@ set -eu
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-mkdir ground middle top program
+mkdir -p ground middle top/qt program
 cat >CMakeLists.txt <<'TXT'
 canvas_floor(ground USES fmt::fmt)
 canvas_floor(middle ON ground)
@@ -12,6 +12,7 @@ canvas_program(p FROM program ON top)
 TXT
 printf '%s\n' '#pragma once' '#include <string>' '#include "ground/b.h"' '#include "middle/a.h"' >ground/a.h
 printf '%s\n' '#include "ground/a.h"' '  #  include "../top/a.h"' >middle/a.cpp
+printf '%s\n' '#include "top/a.h"' '#include <QString>' >top/qt/view.cpp
 printf '%s\n' '#include "ground/a.h"' '// #include <QString>' '#include <QString>' '#include "Query.h"' >top/a.cpp
 printf '%s\n' '#include "top/a.h"' '#include "ground/a.h"' >program/main.cpp
 
