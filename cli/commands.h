@@ -28,6 +28,7 @@ std::span<const Command> commands() noexcept;
 Run declareCheck(CLI::App& line);
 Run declareShow(CLI::App& line);
 Run declareDescribe(CLI::App& line);
+Run declareForm(CLI::App& line);
 Run declareReport(CLI::App& line);
 
 }  // namespace canvas::cli
