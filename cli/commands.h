@@ -29,6 +29,7 @@ Run declareCheck(CLI::App& line);
 Run declareShow(CLI::App& line);
 Run declareDescribe(CLI::App& line);
 Run declareStore(CLI::App& line);
+Run declareForm(CLI::App& line);
 Run declareReport(CLI::App& line);
 
 }  // namespace canvas::cli

@@ -14,6 +14,27 @@ if(TARGET Qt6::Widgets)
   set_target_properties(canvas_view PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/editors/qt/exports.map)
 endif()
 
+if(TARGET canvas_view AND TARGET canvas)
+  add_dependencies(canvas canvas_view)
+endif()
+
+# canvas_gallery: takes a picture of every dialog, for docs/dialogs/.
+if(TARGET canvas_view AND CANVAS_TESTS)
+  add_executable(canvas_gallery ${PROJECT_SOURCE_DIR}/tools/gallery.cpp ${PROJECT_SOURCE_DIR}/cli/stand_in_host.cpp)
+  canvas_include_root(canvas_gallery PRIVATE cli)
+  target_compile_definitions(canvas_gallery PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH)
+  target_link_libraries(canvas_gallery PRIVATE canvas_editors Qt6::Widgets)
+  add_dependencies(canvas_gallery canvas_view)
+endif()
+
+# What the tests of tests/tools need.
+add_custom_target(test_tools)
+foreach(program canvas canvas_gallery)
+  if(TARGET ${program})
+    add_dependencies(test_tools ${program})
+  endif()
+endforeach()
+
 if(CANVAS_TESTS)
   enable_testing()
   set(view_results ${PROJECT_BINARY_DIR}/results)
@@ -28,7 +49,6 @@ if(CANVAS_TESTS)
     add_dependencies(test_view canvas_view)
     foreach(class fields lists grid window boxes)
       add_test(NAME view.${class} COMMAND test_view ${class} -o ${view_results}/view.${class}.xml,junitxml -o -,txt)
-      # the toolkit's libraries keep what they once allocated
       set_tests_properties(view.${class} PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
     endforeach()
   else()

@@ -80,6 +80,7 @@ class LinesView final : public TextView<QPlainTextEdit> {
 public:
     LinesView(FormWindow& window, TextControl& control) : TextView(window, control) {
         editor->setTabChangesFocus(true);
+        editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // lines are broken instead
         const auto told = [this] {
             const QTextCursor cursor = editor->textCursor();
             const QString all = editor->toPlainText();
@@ -185,8 +186,15 @@ public:
     void follow() override {
         followCommon(*label);
         label->setAutoFillBackground(text.BackColor() >= 0);
-        label->setText(shownLines(text.Caption()));
+        const QString caption = shownLines(text.Caption());
+        if (caption == label->text()) return;
+        label->setText(caption);
+        label->setWordWrap(caption.size() > longCaption);
+        label->setMinimumWidth(label->wordWrap() ? longCaption * label->fontMetrics().averageCharWidth() : 0);
     }
+
+    /// Letters of a line; what is longer is broken.
+    static constexpr int longCaption = 70;
 
     Label& text;
     QLabel* label;
@@ -209,6 +217,7 @@ public:
 class TabsView final : public ControlView {
 public:
     TabsView(FormWindow& window, Tabs& control) : ControlView(window, control), tabs(control), pages(new QTabWidget(&window)) {
+        pages->setUsesScrollButtons(false);  // all tabs are seen
         for (std::int32_t i = 0; i < tabs.TabCount(); ++i) pages->addTab(new QWidget, shown(tabs.TabCaption(i)));
         QObject::connect(pages, &QTabWidget::currentChanged, pages, [this](int tab) {
             this->window.guarded(*this, [&] {

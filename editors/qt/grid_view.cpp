@@ -76,6 +76,7 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyleOptionViewItem cell = option;
         const bool button = m_grid.columnKind(index.column() + 1) == ColumnKind::button;
+        if (button) cell.rect.setRight(buttonIn(option.rect).left() - 1);
         QStyledItemDelegate::paint(painter, cell, index);
         if (!button) return;
         QStyleOptionButton look;
@@ -127,6 +128,7 @@ public:
         table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
         table->horizontalHeader()->setHighlightSections(false);
         table->verticalHeader()->setHighlightSections(false);
+        table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 9);
         table->verticalHeader()->setFixedWidth(table->fontMetrics().height() + 8);
         editor->setFrame(false);
         editor->hide();

@@ -5,8 +5,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include "editors/qt/form_window.h"
@@ -34,6 +32,9 @@ bool isWide(const ControlRow& row) {
     return isTall(row) || row.kind == ControlKind::text || row.kind == ControlKind::combo;
 }
 
+/// Fields for whole expressions.
+bool isLong(const ControlRow& row) { return row.checkType == brxExpression || (row.in.empty() && row.column == 0); }
+
 bool standsAtTheRight(const ControlRow& row) {
     return row.kind == ControlKind::button && row.in.empty() && (row.role != Role::none || row.column >= 3);
 }
@@ -57,15 +58,12 @@ void giveSize(QWidget& widget, const ControlRow& row) {
     const int letter = font.averageCharWidth(), line = font.lineSpacing();
     if (row.kind == ControlKind::grid) {
         const auto columns = static_cast<int>(std::count(row.caption.begin(), row.caption.end(), '|'));
-        widget.setMinimumSize(letter * std::max(44, 18 * columns), line * 14);
+        widget.setMinimumSize(letter * std::max(56, 18 * columns), line * 18);
     } else if (row.kind == ControlKind::list || row.kind == ControlKind::tree) {
-        widget.setMinimumSize(letter * 26, line * 8);
+        widget.setMinimumSize(letter * 32, line * 9);
     } else if (row.kind == ControlKind::text) {
         if (row.multiline) widget.setMinimumSize(letter * 40, line * 5);
-        else widget.setMinimumWidth(letter * (row.in.empty() && row.column == 0 ? 40 : 16));
-    } else if (auto* label = qobject_cast<QLabel*>(&widget); label && row.caption.size() > 70) {
-        label->setWordWrap(true);
-        label->setMinimumWidth(letter * 48);
+        else widget.setMinimumWidth(letter * (isLong(row) ? 40 : 20));
     }
 }
 
@@ -93,13 +91,15 @@ void fillContainer(QGridLayout& grid, const Rows& rows) {
     for (ControlView* view : rows) {
         const ControlRow& row = view->control.row();
         giveSize(*view->widget(), row);
+        const int span = spanOf(rows, row, columns);
         const bool beside = std::any_of(rows.begin(), rows.end(), [&](const ControlView* other) {
             return other->control.row().line == row.line && isTall(other->control.row());
         });
-        const Qt::Alignment alignment = beside && !isTall(row) && row.kind != ControlKind::frame ? Qt::AlignTop : Qt::Alignment();
-        grid.addWidget(view->widget(), row.line, row.column, 1, spanOf(rows, row, columns), alignment);
-        if (isWide(row)) grid.setColumnStretch(row.column, 1);
-        if (isTall(row)) grid.setRowStretch(row.line, 1), tall = true;
+        Qt::Alignment alignment = beside && !isTall(row) && row.kind != ControlKind::frame ? Qt::AlignTop : Qt::Alignment();
+        if (row.kind == ControlKind::button && span > 1) alignment |= Qt::AlignLeft;
+        grid.addWidget(view->widget(), row.line, row.column, 1, span, alignment);
+        if (isWide(row) && span == 1) grid.setColumnStretch(row.column, 1);
+        if (isTall(row) && row.visible) grid.setRowStretch(row.line, 1), tall = true;
     }
     if (!tall) grid.setRowStretch(grid.rowCount(), 1);
 }

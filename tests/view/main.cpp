@@ -1,7 +1,9 @@
 // test_view CLASS [QTEST ARGUMENT...]: runs one class of tests; all of them without an argument.
 
 #include <cstring>
+#include <filesystem>
 #include <memory>
+#include <string_view>
 
 #include "tests/view/driving.h"
 
@@ -13,6 +15,11 @@ int main(int count, char** words) {
     };
     // the view makes the application itself, as in a host without one
     if (!ownView()) qFatal("%s", ownViewTrouble().c_str());
+    for (int i = 1; i < count; ++i) {  // reports go to "FILE,FORMAT"
+        const std::string_view word = words[i];
+        const auto comma = word.find(",junitxml");
+        if (comma != word.npos) std::filesystem::create_directories(std::filesystem::path(word.substr(0, comma)).parent_path());
+    }
     const char* chosen = count > 1 ? words[1] : nullptr;
     int failures = 0;
     for (const TestClass& one : classes) {
