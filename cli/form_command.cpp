@@ -10,10 +10,13 @@
 #include "cli/commands.h"
 #include "cli/inputs.h"
 #include "cli/stand_in_host.h"
+#include "document/catalogue.h"
 #include "document/form_dispatch.h"
+#include "editors/error_form.h"
 #include "editors/forms.h"
 #include "editors/own_view.h"
 #include "host/numbers.h"
+#include "host/text.h"
 
 namespace canvas::cli {
 namespace {
@@ -70,6 +73,15 @@ Environment onScreen() {
             .forms = editors::dialogs()};
 }
 
+/// The file keeps a note as the block's label, which shows it with carriage returns; hosts carry a new text over.
+void carryNote(clsBVTBlock& block) {
+    constexpr std::string_view pilcrow = "¶";
+    const std::string note = block.vntAttribute->get("NodeText").toText();
+    std::string_view shown = note;
+    while (shown.ends_with(pilcrow)) shown.remove_suffix(pilcrow.size());
+    block.strBlockLabel = text::replaced(shown, pilcrow, "\r");
+}
+
 int editBlock(const Options& options, const std::string& form, Console& console) {
     const std::string file = fileOf(options.file), name = documentName(file);
     if (name.empty()) return console.complain("no program file: " + options.file), wrongUsage;
@@ -80,11 +92,15 @@ int editBlock(const Options& options, const std::string& form, Console& console)
     if (!blockOf(*document, *options.block, form, console)) return wrongUsage;
     if (!haveView(console)) return internalError;
     const WithEnvironment with(onScreen());
+    editors::ErrorDialog dialog;
+    const tracing::WithErrorHandler asking(dialog);
     const std::filesystem::path folder = std::filesystem::absolute(file, failed).parent_path();
     StandInNames names;
     names.folder = folder.string();
     if (!showAttributeForm(*document, *options.block, standInHost(names)))
         return console.print(file + ": unchanged\n"), good;
+    clsBVTBlock& block = document->BlockCollection->byKey(*options.block);
+    if (block.intBlockType == NodeText) carryNote(block);
     document->blnChanged = true;
     document->WriteFile(name);
     if (document->blnChanged) return console.complain("cannot write " + file), internalError;
@@ -100,6 +116,8 @@ int open(const Options& options, Console& console) {
         if (options.block) return editBlock(options, form, console);
         if (!haveView(console)) return internalError;
         const WithEnvironment with(onScreen());
+        editors::ErrorDialog dialog;
+        const tracing::WithErrorHandler asking(dialog);
         openForm(form, standInHost({}), nullptr);
         return good;
     } catch (const RuntimeError& error) {
