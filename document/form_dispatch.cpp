@@ -65,7 +65,14 @@ struct Showing {
     Value checker() const { return project()->get("syntaxChecking"); }
 
     void giveCopy() const { form->put("BVTAttribute", Value(attribute_calls::copy(block.vntAttribute))); }
-    void giveData() const { invoke(*form, "SetData", controller(), Value(data()), checker()); }
+    void giveData() const {
+        Value objects[] = {controller(), Value(data()), checker()};  // in braces, so that the host is asked in this order
+        form->call("SetData", objects);
+    }
+    void giveDataWithoutChecker() const {
+        Value objects[] = {controller(), Value(data())};
+        form->call("SetData", objects);
+    }
     void giveList() const { form->put("VariableNameList", data()->get("getuserdefinedvariablecol")); }
 
     void prepare(Prepared how) const;
@@ -120,9 +127,7 @@ void Showing::prepare(Prepared how) const {
     switch (how) {
         case Prepared::nothing: return;
         case Prepared::data: return giveData();
-        case Prepared::dataWithoutChecker:
-            invoke(*form, "SetData", controller(), Value(data()));
-            return;
+        case Prepared::dataWithoutChecker: return giveDataWithoutChecker();
         case Prepared::listAndData: return giveList(), giveData();
         case Prepared::taskNames: return giveTaskNames();
         case Prepared::cam: return giveCam();

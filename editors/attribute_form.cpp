@@ -91,8 +91,11 @@ void AttributeForm::fill() {
     const std::string_view procedure = m_spec.filled == Filled::onActivate ? "Form_Activate" : "Form_Load";
     Procedure run(className(), procedure, this, [](Locals&) {});
     for (const Ref<Control>& control : controls()) {
-        if (control->row().kind == ControlKind::combo)
-            for (const std::string_view entry : control->row().list) static_cast<Choice&>(*control).AddItem(entry);
+        if (!control->row().list.empty()) {
+            Choice& combo = static_cast<Choice&>(*control);
+            combo.Clear();  // a form may be loaded again
+            for (const std::string_view entry : control->row().list) combo.AddItem(entry);
+        }
         if (run([&] { fillControl(*control); }) == Flow::leave) return;
     }
 }

@@ -39,10 +39,11 @@ bool Control::canTakeFocus() const noexcept {
 }
 
 void Control::reportVariables(VariableSink& sink) const {
-    // Labels, buttons, tabs, trees and grids are known by name alone.
     sink.variable("Name", Value(m_row.name));
-    sink.variable("Value", Value("{No Value Property}"));
+    sink.variable("Value", reportedValue());
 }
+
+Value Control::reportedValue() const { return Value("{No Value Property}"); }
 
 void Control::touched() {
     if (m_form) m_form->changed(*this);

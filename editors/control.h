@@ -46,6 +46,8 @@ public:
     void reportVariables(VariableSink& sink) const override;
 
 protected:
+    /// What a variable report shows as the value. Labels, buttons, tabs, trees and grids are known by name alone.
+    virtual Value reportedValue() const;
     /// Tells the view that something of the control has changed.
     void touched();
     /// Tells the form's handlers.

@@ -36,6 +36,9 @@ public:
     /// Whether the field takes the character.
     bool accepts(char32_t key) const noexcept;
 
+protected:
+    Value reportedValue() const override { return Value(m_text); }
+
 private:
     void typeKey(std::string_view key);
     void eraseBackwards();
@@ -83,6 +86,9 @@ public:
     /// As a program does it, with the click event when the value changes.
     void setValue(bool value);
 
+protected:
+    Value reportedValue() const override { return Value(m_value); }
+
 private:
     bool m_value = false;
 };
@@ -113,6 +119,9 @@ public:
     const std::vector<std::string>& items() const noexcept { return m_items; }
     /// Grows with every change of the entries themselves.
     std::uint32_t revision() const noexcept { return m_revision; }
+
+protected:
+    Value reportedValue() const override { return Value(Text()); }
 
 private:
     std::vector<std::string> m_items;

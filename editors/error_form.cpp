@@ -46,20 +46,24 @@ constexpr ControlRow controls[] = {
 constexpr Form::Design errorDesign{.name = "vbwFrmErrHandler", .caption = "Error", .controls = controls, .closeBox = false,
                               .topmost = true};
 
+/// Neither the package nor a host's port may stop the choice.
+template <class Step>
+void attempt(Step&& step) noexcept {
+    try {
+        step();
+    } catch (...) {
+    }
+}
+
 /// Switches the application's timers off, so that none fires into a procedure that waits for an answer.
 class TimersOff {
 public:
     TimersOff() : m_timers(environment().timers) {
-        if (m_timers) m_names = m_timers->enabled();
-        for (const std::string& name : m_names) m_timers->enable(name, false);
+        if (m_timers) attempt([&] { m_names = m_timers->enabled(); });
+        for (const std::string& name : m_names) attempt([&] { m_timers->enable(name, false); });
     }
     ~TimersOff() {
-        for (const std::string& name : m_names) {
-            try {
-                m_timers->enable(name, true);
-            } catch (...) {  // a timer that is gone
-            }
-        }
+        for (const std::string& name : m_names) attempt([&] { m_timers->enable(name, true); });
     }
     TimersOff(const TimersOff&) = delete;
     TimersOff& operator=(const TimersOff&) = delete;
@@ -68,15 +72,6 @@ private:
     std::shared_ptr<Timers> m_timers;
     std::vector<std::string> m_names;
 };
-
-/// Nothing of the package may stop the choice.
-template <class Step>
-void attempt(Step&& step) noexcept {
-    try {
-        step();
-    } catch (...) {
-    }
-}
 
 bool agreed(std::string text, Buttons buttons, Reply yes) {
     return environment().interaction->messageBox({std::move(text), buttons, Icon::question, {}}) == yes;
@@ -156,8 +151,19 @@ void ErrorDialog::report() {
     vbwErrHandler.vbwfHasReported = true;
 }
 
+/// An error inside a report offers no report of its own, and leaves what the report is about as it was.
+Answer ErrorDialog::askInsideReport(const Failure& failure) {
+    const tracing::ErrHandler outer = vbwErrHandler;
+    vbwErrHandler.vbwMessageString = tracing::messageOf(failure);
+    vbwErrHandler.vbwfHasReported = true;
+    const Answer answer = show(true);
+    vbwErrHandler = outer;
+    return answer;
+}
+
 Answer ErrorDialog::ask(const Failure& failure) {
     const TimersOff off;
+    if (m_package && failure.number != -1) return askInsideReport(failure);
     // The variable report has just been written: what is known of the error itself stands as it was.
     const bool reported = failure.number == -1;
     if (reported) {
@@ -165,9 +171,9 @@ Answer ErrorDialog::ask(const Failure& failure) {
     } else {
         vbwErrHandler.vbwMessageString = tracing::messageOf(failure);
         vbwErrHandler.vbwCircumstancesString.clear();
-        vbwErrHandler.vbwfHasReported = m_package.has_value();  // an error inside a report offers no report of its own
+        vbwErrHandler.vbwfHasReported = false;
     }
-    const Answer answer = show(reported || vbwErrHandler.vbwfHasReported);
+    const Answer answer = show(reported);
     if (answer == Answer::report) attempt([&] { m_package.emplace(); });
     return answer;
 }

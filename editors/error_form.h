@@ -38,6 +38,7 @@ public:
 
 private:
     tracing::Answer show(bool reported);
+    tracing::Answer askInsideReport(const tracing::Failure& failure);
     void report();
 
     std::optional<tracing::ReportPackage> m_package;  ///< from the choice to report until the report is made

@@ -162,7 +162,9 @@ bool Form::onKey(char32_t key) {
     if (role == Role::none) return false;
     for (const Ref<Control>& control : m_controls) {
         if (control->row().role != role) continue;
+        Control* const before = m_focused;
         static_cast<Button&>(*control).Click();
+        if (m_visible && before && m_focused == control.get()) before->SetFocus();  // a key press does not move there
         return true;
     }
     return false;

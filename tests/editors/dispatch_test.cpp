@@ -118,6 +118,29 @@ TEST_F(Dispatch, MoveAxisIsGivenCopyUnitAndDataInThisOrder) {
     EXPECT_EQ(made->last->data[2].toObject().get(), host.checking.get());
 }
 
+TEST_F(Dispatch, TheHostIsAskedForControllerDataAndCheckerInThisOrder) {
+    struct Asked final : Object {
+        explicit Asked(Object& real, Strings& log) : m_real(real), m_log(log) {}
+        std::string_view className() const noexcept override { return "Asked"; }
+        Value get(std::string_view name, Args args) override {
+            const Value value = m_real.get(name, args);
+            if (name != "currentproject") return m_log.emplace_back(name), value;
+            return Value(Ref<Object>(new Asked(*value.toObject(), m_log)));
+        }
+        Object& m_real;
+        Strings& m_log;
+    };
+    for (const auto& [type, expected] : {std::pair{MOVEAXIS, Strings{"MachineUnits", "MPController", "Data", "syntaxChecking"}},
+                                         std::pair{MESSAGEIN, Strings{"MachineUnits", "MPController", "Data"}}}) {
+        Strings log;
+        mainForm = Ref<Object>(new Asked(*host.form, log));
+        const auto id = static_cast<std::int16_t>(type + 40);
+        block(type, id);
+        EXPECT_FALSE(show(id));
+        EXPECT_EQ(log, expected);
+    }
+}
+
 TEST_F(Dispatch, TheBlockHoldsTheDialogsObjectThoughNothingChanged) {
     clsBVTBlock& move = block(MOVEAXIS);
     const Ref<Object> before = move.vntAttribute;

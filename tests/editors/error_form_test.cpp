@@ -302,6 +302,41 @@ TEST_F(ErrorDialogTest, ASecondErrorDuringAReportAsksAgainAndAbortEnds) {
     EXPECT_NE(user->shown[1].find("Error 11"), std::string::npos);
 }
 
+TEST_F(ErrorDialogTest, ASecondErrorLeavesTheReportToTheFirst) {
+    struct Bad final : Object {
+        std::string_view className() const noexcept override { return "Bad"; }
+        void reportVariables(VariableSink&) const override {
+            Procedure run("Bad", "reportVariables", nullptr, [](Locals&) {});
+            run([] { raise(Error::divisionByZero); });
+        }
+    };
+    const Ref<Object> bad(new Bad);
+    user->clicks = {"cmdSendMail", "cmdAction(2)", "cmdAction(2)"};
+    user->describe = "drilling";
+    Procedure run("clsTest", "Work", nullptr, [&](Locals& l) { l("bad", bad); });
+    run([] { raise(Error::overflow); });
+    ASSERT_EQ(user->shown.size(), 3u);
+    EXPECT_NE(user->shown[1].find("Error 11"), std::string::npos);
+    EXPECT_EQ(user->shown[2], message);
+    EXPECT_EQ(file("Error.txt"), std::string(message) + "\r\n\r\nCircumstances:\r\ndrilling");
+}
+
+TEST_F(ErrorDialogTest, TimersThatFailDoNotStopTheChoice) {
+    struct Broken final : Timers {
+        int calls = 0;
+        std::vector<std::string> enabled() override { return {"tmrGone", "tmrPoll"}; }
+        void enable(const std::string& name, bool) override {
+            ++calls;
+            if (name == "tmrGone") raise(Error::invalidCall);
+        }
+    };
+    const auto timers = std::make_shared<Broken>();
+    const WithEnvironment withTimers{Environment{.timers = timers}};
+    user->clicks = {"cmdAction(1)"};
+    EXPECT_EQ(procedure(1), (Strings{"first", "second", "third"}));
+    EXPECT_EQ(timers->calls, 4);
+}
+
 TEST_F(ErrorDialogTest, AReportOfAFullDocumentStaysSmallAndShowsEachBlockOnce) {
     auto document = make<clsBVTCanvas>();
     for (std::int16_t id = 1; id <= 1023; ++id) {
