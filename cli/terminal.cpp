@@ -61,7 +61,7 @@ public:
         auto* dialog = dynamic_cast<editors::vbwFrmErrHandler*>(&form);
         if (!dialog) return false;
         say("\n" + lines(dialog->the<editors::Label>("lblErrorString").Caption()) + "\n");
-        if (dialog->reported) say(lines(dialog->the<editors::Label>("lblReport").Caption()) + "\n");
+        say(lines(dialog->the<editors::Label>("lblReport").Caption()) + "\n");
         for (std::string_view button; dialog->Visible() && !(button = chosenButton(*dialog)).empty();) {
             if (button == "cmdSendMail") describe(*dialog);
             dialog->the<editors::Button>(button).Click();

@@ -8,8 +8,8 @@ constexpr std::int32_t generalTab = 0, advancedTab = 1;
 }  // namespace
 
 void AdvancedTabForm::loaded() {
-    showAdvanced(false);
     AttributeForm::loaded();
+    showAdvanced(the<Toggle>("chkAdvanced").value());
 }
 
 void AdvancedTabForm::showAdvanced(bool shown) {

@@ -138,17 +138,24 @@ Answer ErrorDialog::show(bool reported) {
     }
 }
 
-void ErrorDialog::report() {
-    if (!m_package) return;
+/// False when nothing was made, or the person keeps it to himself: he may then still report.
+bool ErrorDialog::report() {
+    bool wanted = false;
+    if (!m_package) {
+        attempt([] { tell("No folder can be written for the report.", Icon::exclamation); });
+        return false;
+    }
     attempt([&] {
         m_package->collect();
-        const bool wanted = agreed("The report is in " + m_package->archive() + ".zip and will hold:\r\n" +
-                                       m_package->listing() + "Nothing else leaves this computer.",
-                                   Buttons::okCancel, Reply::ok);
-        if (wanted && m_package->pack()) send(ReportMail::about(*m_package));
+        wanted = agreed("The report is in " + m_package->archive() + ".zip and will hold:\r\n" +
+                            m_package->listing() + "Nothing else leaves this computer.",
+                        Buttons::okCancel, Reply::ok);
+        if (!wanted) return;
+        if (!m_package->pack()) attempt([] { tell("The archive cannot be written.", Icon::exclamation); });
+        send(ReportMail::about(*m_package));
     });
     m_package.reset();
-    vbwErrHandler.vbwfHasReported = true;
+    return wanted;
 }
 
 /// An error inside a report offers no report of its own, and leaves what the report is about as it was.
@@ -163,17 +170,15 @@ Answer ErrorDialog::askInsideReport(const Failure& failure) {
 
 Answer ErrorDialog::ask(const Failure& failure) {
     const TimersOff off;
-    if (m_package && failure.number != -1) return askInsideReport(failure);
-    // The variable report has just been written: what is known of the error itself stands as it was.
-    const bool reported = failure.number == -1;
-    if (reported) {
-        report();
+    if (m_package && !failure.reported) return askInsideReport(failure);
+    if (failure.reported) {  // what is known of the error itself stands as it was
+        vbwErrHandler.vbwfHasReported = report();
     } else {
         vbwErrHandler.vbwMessageString = tracing::messageOf(failure);
         vbwErrHandler.vbwCircumstancesString.clear();
         vbwErrHandler.vbwfHasReported = false;
     }
-    const Answer answer = show(reported);
+    const Answer answer = show(vbwErrHandler.vbwfHasReported);
     if (answer == Answer::report) attempt([&] { m_package.emplace(); });
     return answer;
 }

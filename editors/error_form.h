@@ -39,7 +39,7 @@ public:
 private:
     tracing::Answer show(bool reported);
     tracing::Answer askInsideReport(const tracing::Failure& failure);
-    void report();
+    bool report();
 
     std::optional<tracing::ReportPackage> m_package;  ///< from the choice to report until the report is made
 };

@@ -194,6 +194,7 @@ std::span<const Member> Form::commonMembers() noexcept {
         method<&Form::Show>("Show"),
         method<&Form::Hide>("Hide"),
         method<&Form::Unload>("Unload"),
+        property<&Form::Controls, nullptr>("Controls"),
     };
     return members;
 }
@@ -214,10 +215,13 @@ void Form::put(std::string_view member, const Value& value, Args args) {
 }
 
 void Form::reportVariables(VariableSink& sink) const {
-    ownVariables(sink);
+    ownVariables(sink);  // the report asks for Controls itself
+}
+
+Ref<Collection> Form::Controls() const {
     auto controls = make<Collection>();
     for (const Ref<Control>& control : m_controls) controls->Add(Value(Ref<Object>(control)));
-    sink.variable("Controls", Value(Ref<Object>(controls)));
+    return controls;
 }
 
 }  // namespace canvas::editors

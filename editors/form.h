@@ -8,6 +8,7 @@
 
 #include "editors/controls.h"
 #include "editors/grid.h"
+#include "host/collection.h"
 
 namespace canvas::editors {
 
@@ -47,6 +48,8 @@ public:
     /// Error 5 for a name that the form has not.
     Ref<Control> ControlNamed(std::string_view name);
     Array ControlNames() const;
+    /// All of them, as objects, in their order.
+    Ref<Collection> Controls() const;
     /// Once; before the first showing or by whoever needs the controls filled.
     void Load();
     /// Modal: returns when the form is hidden or unloaded. Asks the environment's Interaction first, then the library's

@@ -169,13 +169,18 @@ private:
 
     void open() {
         Procedure run(className(), "cmdOpen_Click", this, [](Locals&) {});
-        run([&] {
-            std::string found;
-            if (!DoesFileExist(the<TextControl>("txbName").Text(), found))
-                return tell("Specified file cannot be opened.", Icon::exclamation);
-            blnCreateNew = false;  // the file that is there is opened afterwards
-            accept();
-        });
+        bool there = false;
+        run(
+            [&] {
+                std::string found;
+                there = DoesFileExist(the<TextControl>("txbName").Text(), found);
+                if (!there) tell("Specified file cannot be opened.", Icon::exclamation);
+            },
+            [&] {
+                if (!there) return;
+                blnCreateNew = false;  // the file that is there is opened afterwards
+                ok();
+            });
     }
 
     void accept() {

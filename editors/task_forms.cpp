@@ -21,8 +21,7 @@ namespace {
 #define TASK_NUMBER_5 "6"
 #define TASK_NUMBER_6 "7"
 #define TASK_NUMBER_7 "8"
-// Block numbers are no expressions: the field has no builder.
-#define START(i) text("txbTask(" #i ")", {}, i + 1).onDoubleClick(DoubleClick::nothing)
+#define START(i) text("txbTask(" #i ")", {}, i + 1)
 
 constexpr ControlRow restartProgram[] = {
     caption("lblTask", "Launch", 0),
@@ -39,9 +38,9 @@ constexpr ControlRow suspendProgram[] = {
 };
 
 constexpr AttributeForm::Spec launch{{"frmRestartProgram", "Launch Program", restartProgram}, RESTARTPROGRAM,
-                                     Filled::onActivate, false, false, 0, false};
+                                     Filled::onActivate, false, false};
 constexpr AttributeForm::Spec suspend{{"frmSuspendProgram", "Suspend Program", suspendProgram}, SUSPENDPROGRAM,
-                                      Filled::onActivate, false, false, 0, false};
+                                      Filled::onActivate, false, false};
 
 /// Calls `step` for the tasks 0 to 7 in order, each a statement of its own. False when the procedure was left.
 template <class Step>

@@ -125,7 +125,8 @@ void TextControl::DblClick() {
 }
 
 void TextControl::Leave() {
-    if (form() && HasFocus()) form()->focusNext();
+    const Ref<Form> keep(form());
+    if (keep && canTakeFocus() && keep->focus(this)) keep->focusNext();
 }
 
 }  // namespace canvas::editors

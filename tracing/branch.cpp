@@ -77,6 +77,7 @@ Answer answer(const Context& context) {
             case Answer::report:
                 writeReport(context, error);
                 failure.number = error.number = -1;  // tells the handler that the report is there
+                failure.reported = true;              // a host may raise -1 of its own
                 break;
             case Answer::abort:
                 vbwExitProcess();

@@ -27,6 +27,7 @@ struct Failure {
     std::string_view module;
     std::string_view procedure;
     int line = 0;  ///< no line numbers are kept
+    bool reported = false;  ///< asked again: the variable report of this failure has just been written
 };
 
 class ErrorHandler {

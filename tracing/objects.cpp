@@ -77,9 +77,6 @@ void writeControls(const Ref<Object>& controls, int tab) {
 void writeObject(std::string_view name, Object& object, int tab) {
     detail::writeLine(tab, heading(name, object));
     detail::writeMembers(object, std::string(name) + '.', tab + 1);
-    // Only a form has controls; a host's form shows itself by them alone.
-    const std::optional<Value> controls = readIfThere(object, "Controls");
-    if (controls && controls->is(Kind::object)) writeControls(controls->toObject(), tab + 1);
 }
 
 }  // namespace
@@ -96,6 +93,9 @@ void writeMembers(const Object& object, std::string_view prefix, int tab) {
     const Following following(object);
     ReportSink sink(tab, prefix);
     object.reportVariables(sink);
+    // Only a form has controls; a host's form shows itself by them alone.
+    const std::optional<Value> controls = readIfThere(const_cast<Object&>(object), "Controls");
+    if (controls && controls->is(Kind::object)) writeControls(controls->toObject(), tab);
 }
 
 }  // namespace detail

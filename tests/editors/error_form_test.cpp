@@ -279,6 +279,7 @@ TEST_F(ErrorDialogTest, ThePersonMayKeepTheReportToHimself) {
     user->clicks = {"cmdSendMail", "cmdAction(2)"};
     user->replies = {Reply::ok, Reply::cancel};
     EXPECT_EQ(procedure(), (Strings{"first", "third"}));
+    EXPECT_FALSE(tracing::vbwErrHandler.vbwfHasReported);
     EXPECT_EQ(user->opened, Strings{});
     EXPECT_FALSE(fs::exists(folder / "Error Report Files" / "Canvas.zip"));
 }
@@ -456,6 +457,31 @@ TEST_F(ErrorDialogTest, AHundredHostileTextsStayOneAddress) {
         EXPECT_EQ(link.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~%:@?&="),
                   std::string::npos);
     }
+}
+
+TEST_F(ErrorDialogTest, AHostsOwnMinusOneIsAnErrorLikeAnyOther) {
+    user->clicks = {"cmdAction(2)"};
+    Procedure run("clsTest", "Work", nullptr, [](Locals&) {});
+    run([] { throw RuntimeError(-1, "of the host's own"); });
+    ASSERT_EQ(user->shown.size(), 1u);
+    EXPECT_NE(user->shown[0].find("Error -1\r\nDescription: of the host's own"), std::string::npos);
+}
+
+TEST_F(ErrorDialogTest, TheDialogHasNoCloseBoxAndStaysOnTop) {
+    const Ref<Form> form = makeForm("vbwFrmErrHandler");
+    EXPECT_FALSE(form->design().closeBox);
+    EXPECT_TRUE(form->design().topmost);
+}
+
+TEST_F(ErrorDialogTest, WithoutAPlaceForTheReportThePersonIsToldAndMayChoose) {
+    std::ofstream(folder / "Error Report Files") << "in the way";
+    std::ofstream(folder / "state") << "in the way";
+    ::setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
+    user->clicks = {"cmdSendMail", "cmdAction(2)"};
+    EXPECT_EQ(procedure(), (Strings{"first", "third"}));
+    ::unsetenv("XDG_STATE_HOME");
+    EXPECT_EQ(user->boxes.back().text, "No folder can be written for the report.");
+    EXPECT_FALSE(tracing::vbwErrHandler.vbwfHasReported);
 }
 
 TEST_F(ErrorDialogTest, ADialogThatFailsItselfHandsTheErrorOn) {
