@@ -51,7 +51,7 @@ public:
         while (fields.size() < count) {
             if (m_fields.atEnd())
                 throw BadLine{std::max(m_line, 1), fewFields(fields.size(), count) + ", and the file ends"};
-            fields.push_back(m_fields.next());
+            fields.push_back(nextField(fields.size(), count));
             if (fields.size() == 1) begin();
             else if (m_fields.line() != m_end) throw BadLine{m_line, fewFields(fields.size() - 1, count)};
             m_end = m_fields.line() + lineBreaksIn(fields.back());
@@ -60,6 +60,16 @@ public:
     }
 
 private:
+    /// Blanks alone, behind the last line's end, are no field.
+    Value nextField(std::size_t found, std::size_t due) {
+        try {
+            return m_fields.next();
+        } catch (const RuntimeError& error) {
+            if (error.number != static_cast<int>(Error::inputPastEnd)) throw;
+            const int line = found > 0 ? m_line : std::max(m_end, m_line) + 1;
+            throw BadLine{line, fewFields(found, due) + ", and the file ends"};
+        }
+    }
     void begin() {
         if (m_fields.line() == m_end) throw BadLine{m_end, "the line has more fields than are due"};
         m_line = m_fields.line();
@@ -124,7 +134,9 @@ private:
     }
 
     void value(mtModuleType module, StoredProperty& property, const std::optional<std::string>& stored) {
-        if (const auto fault = faultOf(property, stored.value_or("")))
+        if (!stored && module == mtRVQD)
+            find(module, rule::type, "the module cannot read a row without a value", &property);
+        else if (const auto fault = faultOf(property, stored.value_or("")))
             find(module, fault->rule, fault->reason, &property);
         const auto shown = stored ? std::optional(shownText(property, *stored)) : std::nullopt;
         if (shown == property.value) return;

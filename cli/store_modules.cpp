@@ -1,5 +1,8 @@
 #include "cli/store_modules.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "hardware/modules.h"
 #include "host/numbers.h"
 #include "host/text.h"
@@ -8,20 +11,6 @@ namespace canvas::cli {
 namespace {
 
 constexpr mtModuleType all[] = {mtRVQD, mtKX410, mtCOM1, mtCOM2, mtNetwork, mtExternalEncoder, mtRemoteIO};
-
-Ref<Module> newModule(mtModuleType module) {
-    switch (module) {
-        case mtRVQD: return make<clsBVTRVQD>();
-        case mtKX410: return make<clsBVTKX410>();
-        case mtCOM1: return make<clsBVTCOM1>();
-        case mtCOM2: return make<clsBVTCOM2>();
-        case mtNetwork: return make<clsBVTNetwork>();
-        case mtExternalEncoder: return make<clsBVTExternalEncoder>();
-        case mtRemoteIO: return make<clsBVTRemoteIO>();
-        case mtNone: break;
-    }
-    throw ContractViolation("no such module");
-}
 
 bool isNothing(const Value& value) { return value.is(Kind::null) || value.is(Kind::empty); }
 
@@ -62,10 +51,29 @@ mtModuleType moduleNamed(std::string_view name) {
     return mtNone;
 }
 
+Ref<Module> newModule(mtModuleType module) {
+    switch (module) {
+        case mtRVQD: return make<clsBVTRVQD>();
+        case mtKX410: return make<clsBVTKX410>();
+        case mtCOM1: return make<clsBVTCOM1>();
+        case mtCOM2: return make<clsBVTCOM2>();
+        case mtNetwork: return make<clsBVTNetwork>();
+        case mtExternalEncoder: return make<clsBVTExternalEncoder>();
+        case mtRemoteIO: return make<clsBVTRemoteIO>();
+        case mtNone: break;
+    }
+    throw ContractViolation("no such module");
+}
+
 Ref<Module> openModule(mtModuleType module, const std::string& store) {
     Ref<Module> object = newModule(module);
     object->SetDBPath(store);
     return object;
+}
+
+bool isStore(const std::string& file, const std::string& store) noexcept {
+    std::error_code unknown;
+    return std::filesystem::equivalent(file, store, unknown);
 }
 
 std::vector<StoredProperty> propertiesOf(const Module& module) {
@@ -106,7 +114,7 @@ std::vector<PropertyChange> changesBetween(mtModuleType module, const std::vecto
                                            const std::vector<StoredProperty>& after) {
     std::vector<PropertyChange> changes;
     for (std::size_t i = 0; i < before.size() && i < after.size(); ++i)
-        if (before[i].value != after[i].value)
+        if (!before[i].name.empty() && before[i].value != after[i].value)
             changes.push_back({module, after[i].number, after[i].name, before[i].value, after[i].value});
     return changes;
 }

@@ -19,8 +19,13 @@ std::string_view moduleName(mtModuleType module);
 /// By that name or the class's, case ignored; mtNone when there is none.
 mtModuleType moduleNamed(std::string_view name);
 
-/// An object of the module's class, which reads its rows.
+/// An object of the module's class.
+Ref<Module> newModule(mtModuleType module);
+/// One that has read its rows.
 Ref<Module> openModule(mtModuleType module, const std::string& store);
+
+/// Whether a file's name leads to the store.
+bool isStore(const std::string& file, const std::string& store) noexcept;
 
 struct StoredProperty {
     std::int16_t number = 0;           ///< from 1 in its module
@@ -48,7 +53,7 @@ struct PropertyChange {
     int line = 0;  ///< of the file that brings it; 0: none
 };
 
-/// What differs between two readings of a module.
+/// What differs between two readings of a module, of the properties that both could read.
 std::vector<PropertyChange> changesBetween(mtModuleType module, const std::vector<StoredProperty>& before,
                                            const std::vector<StoredProperty>& after);
 

@@ -1,6 +1,8 @@
 #include "cli/store_run.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 #include "cli/store_boxes.h"
 #include "cli/store_check.h"
@@ -48,6 +50,19 @@ int guarded(const StoreOptions& options, Console& console, Body body) {
     return boxes.texts().empty() ? code : std::max<int>(code, unreadableInput);
 }
 
+/// Holds the store from the first look to the last change: a module saves all of its rows, and addresses that are free
+/// must stay so until they are taken.
+class Held {
+public:
+    explicit Held(const std::string& store)
+        : m_database(store::engine().open(store)), m_transaction(m_database->begin(store::Access::write)) {}
+    void commit() { m_transaction->commit(); }
+
+private:
+    std::shared_ptr<store::Database> m_database;
+    std::unique_ptr<store::Transaction> m_transaction;
+};
+
 mtModuleType chosenModule(const std::string& name) {
     const mtModuleType module = moduleNamed(name);
     if (module != mtNone) return module;
@@ -74,6 +89,17 @@ StoreFinding findingOf(mtModuleType module, const StoredProperty& property, Faul
             .name = property.name,
             .rule = fault.rule,
             .reason = std::move(fault.reason)};
+}
+
+/// A module whose rows cannot be read keeps those in front of the failure: its defaults are the way back.
+Ref<Module> openedForReset(mtModuleType group, const std::string& store) {
+    Ref<Module> module = newModule(group);
+    try {
+        module->SetDBPath(store);
+    } catch (const RuntimeError&) {
+        if (!module->dbSysPropDatabase) throw;
+    }
+    return module;
 }
 
 /// What keeps a value from being set.
@@ -156,6 +182,7 @@ int showStore(const StoreOptions& options, Console& console) {
 int setProperty(const StoreOptions& options, Console& console) {
     return guarded(options, console, [&](std::string&) {
         const mtModuleType group = chosenModule(options.module);
+        Held held(options.store);
         const Ref<Module> module = openModule(group, options.store);
         const auto properties = propertiesOf(*module);
         const StoredProperty* property = propertyNamed(properties, options.property);
@@ -165,21 +192,26 @@ int setProperty(const StoreOptions& options, Console& console) {
                           {.store = options.store,
                            .changes = {{}},
                            .findings = {{findingOf(group, *property, std::move(*fault))}}});
-        return answer(options, console, saved(options, *module, *property));
+        const StoreReport report = saved(options, *module, *property);
+        held.commit();
+        return answer(options, console, report);
     });
 }
 
 int resetModule(const StoreOptions& options, Console& console) {
     return guarded(options, console, [&](std::string&) {
         StoreReport report{.store = options.store, .changes = {{}}};
-        for (const mtModuleType group : chosenModules(options.module)) {
-            const Ref<Module> module = openModule(group, options.store);
+        const auto groups = chosenModules(options.module);
+        Held held(options.store);
+        for (const mtModuleType group : groups) {
+            const Ref<Module> module = openedForReset(group, options.store);
             const auto before = propertiesOf(*module);
             if (options.marks) module->ResetDirtyBits();
             else module->RestoreDefault();
             for (PropertyChange& change : changesBetween(group, before, propertiesOf(*module)))
                 report.changes->push_back(std::move(change));
         }
+        held.commit();
         if (options.marks) report.note = "marks taken off";
         else if (report.changes->empty()) report.note = "no changes";
         return answer(options, console, report);
@@ -194,6 +226,10 @@ int exportModule(const StoreOptions& options, Console& console) {
             console.complain(quoted(file) + " is there already; --force replaces it");
             return int{refused};
         }
+        if (isStore(file, options.store)) {
+            console.complain(quoted(file) + " is the store itself");
+            return int{refused};
+        }
         about = file;
         module->ExportToCSV(file);
         return answer(options, console, {.store = options.store, .file = file, .note = file + ": written"});
@@ -206,9 +242,12 @@ int importModule(const StoreOptions& options, Console& console) {
         about = options.file;
         std::string bytes = environment().files->read(options.file, largestFile);
         about = options.store;
+        std::optional<Held> held;
+        if (!options.dryRun) held.emplace(options.store);
         ImportPlan plan = planImport(module, options.store, std::move(bytes));
         const bool writes = plan.readable && !options.dryRun && (plan.findings.empty() || options.force);
         if (writes) takeImport(module, options);
+        if (held) held->commit();
         StoreReport report{.store = options.store, .file = options.file, .dryRun = !writes};
         report.note = (writes ? "" : "nothing was written; ") + counted(plan.changes.size(), "change");
         if (plan.nodes) report.note += ", " + counted(plan.nodes->size(), "node");
@@ -231,6 +270,7 @@ int addNode(const StoreOptions& options, Console& console) {
     return guarded(options, console, [&](std::string&) {
         if (text::trimmed(options.node.node).empty()) throw WrongWord{"a node needs a number"};
         StoreReport report{.store = options.store};
+        Held held(options.store);
         if (auto fault = saveNode(options.store, options.node, options.change)) {
             report.findings = {{{.module = mtRemoteIO,
                                  .node = options.node.node,
@@ -241,17 +281,27 @@ int addNode(const StoreOptions& options, Console& console) {
             wanted.byName = false;
             report.nodes = {{chosenNode(nodesOf(options.store), wanted)}};
         }
+        held.commit();
         return answer(options, console, report);
     });
 }
 
 int dropNode(const StoreOptions& options, Console& console) {
     return guarded(options, console, [&](std::string&) {
+        Held held(options.store);
         const auto nodes = nodesOf(options.store);
         const RemoteNode& node = chosenNode(nodes, options);
         if (options.byName && !standsAlone(node, nodes))
             throw WrongWord{"the number " + quoted(node.node) + " stands twice: remove by number"};
         removeNode(options.store, node.node);
+        held.commit();
+        if (nodesOf(options.store).size() == nodes.size())
+            return answer(options, console,
+                          {.store = options.store,
+                           .findings = {{{.module = mtRemoteIO,
+                                          .node = node.node,
+                                          .rule = rule::notTaken,
+                                          .reason = "the module did not remove the node"}}}});
         return answer(options, console, {.store = options.store, .nodes = {{node}}, .note = "removed"});
     });
 }

@@ -131,7 +131,10 @@ tracing::Flow Module::changeRows(Run& run, Change change) {
 }
 
 void Module::putValue(store::Recordset& row, const PropertyColumns& columns, std::int32_t number) {
-    row.put(columns.value, cell(PropertyValue, number - 1));
+    const Value& value = cell(PropertyValue, number - 1);
+    const bool asItIs = value.text() || value.is(Kind::null) || value.is(Kind::empty);
+    // a number as its text: an engine spells it in another way ("1000.0")
+    row.put(columns.value, asItIs ? value : Value(value.toText()));
     row.put(columns.dirty, std::int16_t{1});
 }
 

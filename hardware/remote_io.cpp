@@ -153,9 +153,10 @@ bool clsBVTRemoteIO::rename(std::string_view procedure, std::string_view field, 
                             std::string_view old) {
     bool result = false;
     Records rows;
+    const bool byNumber = field == "Node";
     Procedure run(className(), procedure, this, [&](Locals& l) {
-        l("next", next);
-        l("old", old);
+        l(byNumber ? "strNewNumber" : "strNewName", next);
+        l(byNumber ? "strOldNumber" : "strOldName", old);
     });
     const auto change = [&] {
         rows->findFirst(field, old);

@@ -23,11 +23,11 @@ std::string hexDigits(std::int32_t number) {
 }
 
 /// The digits at the start, up to the blank before the suffix. Four digits from "8000" on are a negative word, which is
-/// stored as 32768 and up.
+/// stored as 32768 and up. Error 6 beyond 32 bits, which could not be read again.
 std::string decimalText(std::string_view shown) {
     const std::size_t end = shown.find_first_not_of("0123456789ABCDEFabcdef");
     const std::string_view digits = shown.substr(0, end);
-    double number = digits.empty() ? 0 : numbers::toDouble("&H" + std::string(digits));
+    std::int32_t number = digits.empty() ? 0 : numbers::toLong("&H" + std::string(digits));
     if (number < 0) number += 65536;
     return numbers::textOf(number);
 }

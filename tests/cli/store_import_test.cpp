@@ -72,6 +72,13 @@ TEST_F(StoreImport, ExportReplacesAFileOnlyWhenToldTo) {
     EXPECT_EQ(answer.err, "canvas: 'none/a.csv': Path not found\n");
 }
 
+TEST_F(StoreImport, ExportNeverReplacesTheStoreItself) {
+    const std::string before = scratch::bytesOf(path);
+    for (const char* name : {"plant.db", "./plant.db"})
+        EXPECT_EQ(said({"export"}, {"COM1", name, "--force"}).code, 4) << name;
+    EXPECT_EQ(scratch::bytesOf(path), before);
+}
+
 TEST_F(StoreImport, ADryRunListsAndWritesNothing) {
     const auto before = rows("SELECT * FROM tblSystemProperties");
     const auto answer = import(std::string(head) + "3,2,\"7\",1\r\n3,1,\"9600\",1\r\n", "COM1", {"--dry-run"});
@@ -101,8 +108,18 @@ TEST_F(StoreImport, NamesTheLineThatCannotBeRead) {
         {"3,1,\"9600\"", "a.csv:3: COM1: unreadable: the line has 3 of 4 fields, and the file ends"},
         {"3,1,\"9600,1\r\n", "a.csv:3: COM1: unreadable: the line has 3 of 4 fields, and the file ends"},
         {"3,1,\"9600\",1\r\n\r\n", "a.csv:4: COM1: unreadable: the line has 1 of 4 fields, and the file ends"},
+        {"3,1,\"9600\",1\r\n  ", "a.csv:4: COM1: unreadable: the line has 0 of 4 fields, and the file ends"},
+        {"3,1,\"9600\", ", "a.csv:3: COM1: unreadable: the line has 3 of 4 fields, and the file ends"},
     };
     for (const auto& [lines, text] : cases) EXPECT_EQ(finding(lines, 3), text);
+}
+
+TEST_F(StoreImport, FindsARowThatTheAmplifierCouldNotRead) {
+    const auto answer = import("\"RVQD\"\r\n\"GroupID\",\"PropertyNumber\",\"Value\",\"Dirty\"\r\n1,2,,1\r\n", "RVQD");
+    EXPECT_EQ(answer.code, 1);
+    EXPECT_THAT(answer.out,
+                HasSubstr("a.csv:3: RVQD 2 AmplifierName: type: the module cannot read a row without a value"));
+    EXPECT_EQ(said({"show"}, {"--module", "RVQD"}).code, 0);
 }
 
 TEST_F(StoreImport, NamesAWrongTag) {

@@ -1,5 +1,7 @@
 // canvas store nodes.
 
+#include <thread>
+
 #include "tests/cli/store.h"
 
 using namespace canvas;
@@ -119,6 +121,22 @@ TEST_F(StoreNodes, ThatShareANumberAreRemovedByNumberOnly) {
     EXPECT_EQ(remove("1"), 0);
     EXPECT_THAT(rows("SELECT Name FROM tblRemoteIO"), ElementsAre("b"));
     EXPECT_EQ(removeNamed("b"), 0);
+}
+
+TEST_F(StoreNodes, ThatTheModuleDoesNotRemoveAreToldOf) {
+    sql("INSERT INTO tblRemoteIO (Node, Name) VALUES (NULL, 'lost')");
+    const auto answer = said({"nodes", "remove"}, {"lost", "--by-name"});
+    EXPECT_EQ(answer.code, 1);
+    EXPECT_EQ(answer.out, "plant.db: node : not-taken: the module did not remove the node\n");
+    EXPECT_EQ(rows("SELECT Name FROM tblRemoteIO").size(), 1U);
+}
+
+TEST_F(StoreNodes, AddedAtTheSameTimeTakeTheirOwnAddresses) {
+    std::vector<std::thread> adders;
+    for (const char* node : {"1", "2", "3", "4", "5", "6"})
+        adders.emplace_back([&, node] { EXPECT_EQ(said({"nodes", "add"}, {node, node, "--inputs", "4"}).code, 0); });
+    for (std::thread& adder : adders) adder.join();
+    EXPECT_EQ(rows("SELECT DISTINCT InputBaseAddress FROM tblRemoteIO").size(), 6U);
 }
 
 TEST_F(StoreNodes, AreListedByNumber) {

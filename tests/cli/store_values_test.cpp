@@ -1,5 +1,7 @@
 // canvas store new, show, set and reset.
 
+#include <thread>
+
 #include "tests/cli/store.h"
 
 using namespace canvas;
@@ -151,6 +153,27 @@ TEST_F(StoreValues, GivesDefaultsBack) {
     EXPECT_EQ(valueOf(4, 1), "1200");
     EXPECT_EQ(said({"reset"}, {"all"}).out, "COM2 1 BaudRate: 1200 -> 9600\n");
     EXPECT_EQ(said({"reset"}, {"all"}).out, "no changes\n");
+}
+
+TEST_F(StoreValues, ResetIsTheWayBackOfAModuleThatCannotBeRead) {
+    sql("UPDATE tblSystemProperties SET Value = 'abc' WHERE groupID = 1 AND PropertyNumber = 63");
+    EXPECT_EQ(said({"show"}, {"--module", "RVQD"}).code, 3);
+    const auto answer = said({"reset"}, {"RVQD"});
+    EXPECT_EQ(answer.code, 0) << answer.err;
+    EXPECT_EQ(answer.out, "RVQD 63 InputPolarity: abc -> 0000 H\n");
+    EXPECT_EQ(said({"show"}, {"--module", "RVQD"}).code, 0);
+}
+
+TEST_F(StoreValues, SettersAtTheSameTimeLoseNothing) {
+    const std::pair<std::string, std::string> values[] = {
+        {"ScanInterval", "11"}, {"Retries", "7"}, {"ResponseTime", "51"}, {"StartDelay", "1001"}};
+    std::vector<std::thread> setters;
+    for (const auto& [property, value] : values)
+        setters.emplace_back([&] { EXPECT_EQ(said({"set"}, {"Network", property, value}).code, 0); });
+    for (std::thread& setter : setters) setter.join();
+    for (const auto& [number, value] :
+         {std::pair{7, "11"}, std::pair{8, "51"}, std::pair{9, "7"}, std::pair{11, "1001"}})
+        EXPECT_EQ(valueOf(5, number), value);
 }
 
 TEST_F(StoreValues, TakesMarksOff) {

@@ -174,6 +174,18 @@ TEST_P(Pattern, SavingWritesTheGroupsRowsAndMarksThem) {
     EXPECT_EQ(store.otherProperties(group()), others);
 }
 
+TEST_P(Pattern, NumbersAreSavedAsTheirTexts) {
+    if (group() == 7) GTEST_SKIP() << "writes its nodes at once";
+    const auto object = ready();
+    edit(object, 1, 1000.0);
+    edit(object, 2, 0.1F);
+    edit(object, 3, std::int16_t{-7});
+    invoke(*object, "SaveToDB");
+    EXPECT_EQ(store.property(group(), 2), "1000,1");
+    EXPECT_EQ(store.property(group(), 3), "0.1,1");
+    EXPECT_EQ(store.property(group(), 4), "-7,1");
+}
+
 TEST_P(Pattern, SavingAnUnchangedMatrixMarksEveryRow) {
     if (group() == 7) GTEST_SKIP() << "writes its nodes at once";
     const auto object = ready();

@@ -122,6 +122,14 @@ TEST_F(RemoteIO, RenumbersAndRenamesWithoutMarkingOrMovingAddresses) {
     EXPECT_TRUE(asked().empty());
 }
 
+TEST_F(RemoteIO, AReportNamesTheParametersOfARenaming) {
+    const tracing::Surroundings surroundings;
+    tracing::ScriptedHandler handler({tracing::Answer::report, tracing::Answer::leave});
+    invoke(*make<clsBVTRemoteIO>(), "UpdateNodeName", "next", "old");
+    EXPECT_TRUE(surroundings.wrote("strNewName = \"next\" (String)")) << surroundings.dump();
+    EXPECT_TRUE(surroundings.wrote("strOldName = \"old\" (String)")) << surroundings.dump();
+}
+
 TEST_F(RemoteIO, RenumberingWhatIsNotThereIsTrueToo) {
     add("12", "press");
     const Texts before = store.nodes();

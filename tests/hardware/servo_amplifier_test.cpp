@@ -78,6 +78,17 @@ TEST_F(Amplifier, StoresTheUpperHalfOfFourDigitsAsPositiveNumbers) {
     EXPECT_EQ(saved("10000 H"), "65536");
 }
 
+TEST_F(Amplifier, MoreThanEightDigitsOverflowAndTheRowsBeforeStay) {
+    const auto module = opened<clsBVTRVQD>();
+    edit(module, 3, "first");
+    edit(module, 4, "123456789 H");
+    const std::string before = store.property(1, 5);
+    EXPECT_EQ(raisedBy([&] { invoke(*module, "SaveToDB"); }), 6);
+    EXPECT_EQ(store.property(1, 4), "first,1");
+    EXPECT_EQ(store.property(1, 5), before);
+    invoke(*module, "ReadFromDB");
+}
+
 TEST_F(Amplifier, EveryFourDigitValueComesBackAsItWasStored) {
     const auto module = opened<clsBVTRVQD>();
     for (int value = 0; value <= 65535; value += value < 16 || value > 65519 ? 1 : 997) {
