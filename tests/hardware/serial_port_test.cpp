@@ -172,7 +172,7 @@ TEST_F(OpenStore, TheFirstPortClosesItAfterEachOperation) {
     }
 }
 
-TEST_F(OpenStore, TheFirstPortClosesItAfterAFailureToo) {
+TEST_F(OpenStore, TheFirstPortKeepsTheRowsBeforeAFailure) {
     const auto module = opened<clsBVTCOM1>();
     store.run("UPDATE tblSystemProperties SET PropertyNumber = 200 WHERE groupID = 3 AND PropertyNumber = 4");
     EXPECT_EQ(raisedBy([&] { invoke(*module, "SaveToDB"); }), 9);
