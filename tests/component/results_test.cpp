@@ -80,6 +80,9 @@ const std::vector<Result> results = {
     {"clsBVTSetVariable", "ParseList", VT_ARRAY | VT_BSTR, {"a;b"}},
     {"clsBVTStart", "Name", VT_BSTR},
     {"clsBVTNodeText", "LineCount", VT_I2},
+    {"clsBVTExpressionBuilder", "Expression", VT_BSTR},
+    {"clsBVTEditNodeName", "OriginalName", VT_BSTR},
+    {"clsBVTEditNodeName", "Unload_Form", VT_EMPTY},
     {"Library", "Interaction", VT_DISPATCH},
     {"Library", "LiveObjects", VT_I4},
     {"Library", "FileFormatVersion", VT_BSTR},
@@ -116,6 +119,11 @@ const std::map<std::string, Places> written = {
     {"ComputeCAMData", {1, 2}},
     {"CheckConnection", {1}},
     {"ShowAttributeFormAndChanged", {2}},
+    {"Show_ExpressionBuilder", {1, 2, 3}},
+    {"Show_Output", {3}},
+    {"Show_LSMV", {3}},
+    {"Show_Data", {3}},
+    {"Show_Scope", {3, 4}},
 };
 
 TEST(Results, ArgumentsByReferenceAreThoseThatAreWritten) {
