@@ -161,7 +161,6 @@ class Unloading(unittest.TestCase):
     def test_a_process_may_end_with_everything_held(self) -> None:
         code = """
 import brevant_canvas as bc
-from dialog_host import BLOCK, FORMS, Asked, User, document_with, main_form
 class Host:
     def MessageBox(self, *a): return "OK"
 host = Host()
