@@ -4,6 +4,9 @@
 
 set(CANVAS_TEST_OPTIONS "" CACHE STRING "Compile options of the test sources alone")
 
+# Tests that wait for nobody run without a screen: the component would ask its user there.
+set(CANVAS_NO_SCREEN "DISPLAY=;WAYLAND_DISPLAY=;QT_QPA_PLATFORM=")
+
 enable_testing()
 find_package(GTest REQUIRED)
 canvas_precompiled(canvas_test_pch FOR GTest::gmock ${canvas_std_headers} <gmock/gmock.h> <gtest/gtest.h>)
@@ -27,7 +30,7 @@ function(canvas_test folder)
   target_link_libraries(${target} PRIVATE ${test_ON} GTest::gmock_main)
   add_test(NAME ${folder} COMMAND ${target})
   set_tests_properties(${folder} PROPERTIES
-    TIMEOUT 600 ENVIRONMENT "GTEST_OUTPUT=xml:${PROJECT_BINARY_DIR}/results/${folder}.xml")
+    TIMEOUT 600 ENVIRONMENT "GTEST_OUTPUT=xml:${PROJECT_BINARY_DIR}/results/${folder}.xml;${CANVAS_NO_SCREEN}")
 endfunction()
 
 get_property(floors GLOBAL PROPERTY CANVAS_FLOORS)
@@ -57,7 +60,8 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     add_test(NAME component.${stem} COMMAND ${command})
     set_tests_properties(component.${stem} PROPERTIES
       TIMEOUT 600 SKIP_RETURN_CODE 77
-      ENVIRONMENT "BREVANT_CANVAS=$<TARGET_FILE:canvas_library>;PYTHONPATH=${PROJECT_SOURCE_DIR}/python")
+      ENVIRONMENT
+        "BREVANT_CANVAS=$<TARGET_FILE:canvas_library>;PYTHONPATH=${PROJECT_SOURCE_DIR}/python;${CANVAS_NO_SCREEN}")
   endforeach()
 endif()
 

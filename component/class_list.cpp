@@ -15,9 +15,16 @@
 #include "component/library.h"
 #include "document/canvas.h"
 #include "document/catalogue.h"
+#include "editors/attribute_form.h"
+#include "editors/data_list.h"
+#include "editors/expression_builder.h"
+#include "editors/small_forms.h"
 #include "hardware/modules.h"
 
 namespace canvas::component {
+
+using namespace editors;
+
 namespace {
 
 template <class T>
@@ -39,7 +46,7 @@ Ref<Object> createLaunch() { return newAttribute(RESTARTPROGRAM); }
 
 #define CLASS(type) {#type, create<type>, members<type>}
 #define CLASS_BY(type, creator) {#type, creator, members<type>}
-#define HANDED_OUT(type) {#type, nullptr, members<type>}
+#define HANDED_OUT(type) {type::name, nullptr, members<type>}
 
 constexpr Class list[] = {
     CLASS(clsBVTCanvas),
@@ -86,6 +93,9 @@ constexpr Class list[] = {
     CLASS(clsBVTMessageIn),
     CLASS(clsBVTMessageOut),
     CLASS(clsBVTNodeText),
+    CLASS(clsBVTExpressionBuilder),
+    CLASS(clsBVTDataList),
+    CLASS(clsBVTEditNodeName),
     CLASS(clsBVTKX410),
     CLASS(clsBVTCOM1),
     CLASS(clsBVTCOM2),
@@ -100,6 +110,14 @@ constexpr Class list[] = {
     CLASS(clsBVTAxioLane),
     CLASS_BY(Library, theLibrary),
     HANDED_OUT(Collection),
+    HANDED_OUT(TextControl),
+    HANDED_OUT(Label),
+    HANDED_OUT(Button),
+    HANDED_OUT(Toggle),
+    HANDED_OUT(Choice),
+    HANDED_OUT(Tabs),
+    HANDED_OUT(Tree),
+    HANDED_OUT(Grid),
 };
 
 #undef CLASS
@@ -116,11 +134,26 @@ const Class* classNamed(std::string_view name) noexcept {
     return nullptr;
 }
 
+const MemberList& membersOf(const Form& form) {
+    static std::unordered_map<std::string_view, MemberList> known;  // by name: many forms share a class
+    const auto found = known.find(form.className());
+    if (found != known.end()) return found->second;
+    std::vector<Member> table;
+    const auto add = [&](std::span<const Member> members) { table.insert(table.end(), members.begin(), members.end()); };
+    add(Form::commonMembers());
+    add(form.ownMembers());
+    if (const auto* attributeForm = dynamic_cast<const AttributeForm*>(&form)) add(attributeForm->sharedMembers());
+    std::vector<std::string> controls;
+    for (const Ref<Control>& control : form.controls()) controls.push_back(control->Name());
+    return known.try_emplace(form.className(), std::move(table), controls).first->second;
+}
+
 const MemberList& membersOf(const Object& object) {
     static const MemberList open;
     static std::unordered_map<std::type_index, const MemberList*> known;
     const MemberList*& members = known[typeid(object)];
     if (!members) {
+        if (const auto* form = dynamic_cast<const Form*>(&object)) return membersOf(*form);
         const Class* row = classNamed(object.className());
         members = row ? &row->members() : &open;
     }

@@ -18,7 +18,8 @@ struct Class {
 std::span<const Class> classes() noexcept;
 /// By its exact name; null when absent.
 const Class* classNamed(std::string_view name) noexcept;
-/// Of the object's class; an open list for a class that has no line here.
+/// Of the object's class; of a form its common members, its own, and its controls; an open list for another class that
+/// has no line here.
 const MemberList& membersOf(const Object& object);
 
 }  // namespace canvas::component

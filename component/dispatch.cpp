@@ -1,6 +1,7 @@
 #include "component/dispatch.h"
 
 #include "attributes/attribute.h"
+#include "component/asking.h"
 #include "component/class_list.h"
 #include "component/enumerators.h"
 #include "component/events.h"
@@ -24,7 +25,10 @@ HRESULT numbers(const MemberList& members, REFIID riid, LPOLESTR* names, UINT co
 HRESULT call(Dispatch& self, const MemberList& members, REFIID riid, const Call& call) {
     if (!(riid == IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     const Com<Dispatch> alive(&self);
-    return guarded([&] { return invoke(self.object(), members, call); }, call.exception);
+    return guarded([&] {
+        const Asking asking;
+        return invoke(self.object(), members, call);
+    }, call.exception);
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ HRESULT giveFactory(REFCLSID clsid, REFIID riid, void** answer) {
     const ClassIdentifiers* row = identifiersOf(clsid);
     const Class* known = row ? classNamed(row->name) : nullptr;
     if (!known || !known->create) return CLASS_E_CLASSNOTAVAILABLE;
+    startLibrary();
     Com<Factory> factory;
     *factory.out() = new Factory(*known);
     return factory->QueryInterface(riid, answer);

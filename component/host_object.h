@@ -23,6 +23,8 @@ public:
     /// Null where the host offers none; a failure of its own passes.
     std::unique_ptr<Enumerator> enumerate() override;
 
+    /// Whether the host knows the name now.
+    bool offers(std::string_view name) const { return lookUp(name) != DISPID_UNKNOWN; }
     IDispatch* dispatch() const noexcept { return m_dispatch.get(); }
 
     static constexpr char tag = 0;

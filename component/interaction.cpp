@@ -4,6 +4,8 @@
 #include <iterator>
 #include <optional>
 
+#include "component/host_object.h"
+#include "editors/own_view.h"
 #include "host/convert.h"
 
 namespace canvas::component {
@@ -38,6 +40,13 @@ std::optional<Value> asked(Object& host, std::string_view member, A&&... argumen
 
 }  // namespace
 
+Interaction& OwnInteraction::way() {
+    Interaction* const view = editors::ownView();
+    return view ? *view : *m_before;
+}
+
+bool OwnInteraction::takesForms() { return editors::ownView() != nullptr; }
+
 Reply HostInteraction::messageBox(const MessageBox& box) {
     const auto answer = asked(*m_host, "MessageBox", box.text, wordOf(box.buttons, buttonWords),
                               wordOf(box.icon, iconWords), box.title);
@@ -66,6 +75,13 @@ void HostInteraction::setClipboard(std::string_view text) {
 bool HostInteraction::showForm(Object& form) {
     const auto answer = asked(*m_host, "ShowForm", Ref<Object>(&form));
     return answer ? answer->toBoolean() : m_fallback->showForm(form);
+}
+
+bool HostInteraction::takesForms() {
+    const auto* host = faceOf<HostObject>(*m_host);
+    if (host && host->offers("ShowForm")) return true;
+    auto* const own = dynamic_cast<AskingInteraction*>(m_fallback.get());
+    return own && own->takesForms();
 }
 
 }  // namespace canvas::component

@@ -46,7 +46,7 @@ HRESULT arrange(const Call& call, bool writes, Given& given) {
 /// Counts that the member does not take, and left-out arguments among those it needs.
 HRESULT checkCount(const NumberedMember& row, const Given& given, const Call& call) {
     const Member* member = row.member;
-    if (!member) return row.field && given.count() ? DISP_E_BADPARAMCOUNT : S_OK;
+    if (!member) return (row.field || row.isPart) && given.count() ? DISP_E_BADPARAMCOUNT : S_OK;
     const auto most = static_cast<std::size_t>(member->arguments);
     const std::size_t least = most - static_cast<std::size_t>(member->optional);
     if (given.count() > most || given.count() < least) return DISP_E_BADPARAMCOUNT;

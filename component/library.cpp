@@ -2,6 +2,7 @@
 
 #include "component/com.h"
 #include "component/interaction.h"
+#include "editors/forms.h"
 #include "host/ports.h"
 
 namespace canvas::component {
@@ -30,9 +31,14 @@ private:
 
 constinit Library* library = nullptr;
 
-/// The library's own ports, as they were when it was loaded.
+/// The library's own ports, which its first use puts in force for the process.
 const Environment& ownPorts() {
-    static const Environment own = environment();
+    static const Environment own = [] {
+        Environment& process = environment();  // no other is in force when a host first calls
+        process.interaction = std::make_shared<OwnInteraction>(process.interaction);
+        if (!process.forms) process.forms = editors::dialogs();
+        return process;
+    }();
     return own;
 }
 
@@ -62,6 +68,8 @@ void Library::setFileFormatVersion(std::string_view version) {
 }
 
 std::int32_t Library::LiveObjects() const noexcept { return Held::objects; }
+
+void startLibrary() { ownPorts(); }
 
 Ref<Object> theLibrary() {
     ownPorts();

@@ -33,6 +33,9 @@ private:
 
 Ref<Object> theLibrary();
 
+/// At each use that may be the first: the dialogs and the library's own way to ask are there from then on.
+void startLibrary();
+
 /// When the library is unloaded: lets go what it keeps for the process. Not so while anything is held on either side:
 /// it may be the process that ends, and the host be gone.
 void endLibrary() noexcept;

@@ -29,6 +29,11 @@ MemberList::MemberList(const AttributeClass& attribute) {
     add(IBlockAttribute::table(), interfacePrefix);
 }
 
+MemberList::MemberList(std::vector<Member> table, const std::vector<std::string>& parts) : m_table(std::move(table)) {
+    add(m_table);
+    for (const std::string& part : parts) m_members.push_back({.name = part, .isPart = true});
+}
+
 void MemberList::add(std::span<const Member> table, std::string_view prefix) {
     for (const Member& member : table) {
         std::string name = std::string(prefix) + std::string(member.name);

@@ -4,6 +4,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "attributes/field.h"
 #include "component/platform/automation.h"
@@ -17,10 +18,11 @@ struct NumberedMember {
     std::string name;
     const Member* member = nullptr;
     const Field* field = nullptr;
+    bool isPart = false;  ///< a part of the object, read by its name alone
 
-    bool isProperty() const noexcept { return field || (member && member->isProperty); }
+    bool isProperty() const noexcept { return isPart || field || (member && member->isProperty); }
     bool isReadable() const noexcept { return !member || member->read; }
-    bool isWritable() const noexcept { return !member || member->write; }
+    bool isWritable() const noexcept { return !isPart && (!member || member->write); }
     int arguments() const noexcept { return member ? member->arguments : 0; }
 };
 
@@ -31,6 +33,10 @@ public:
     explicit MemberList(std::span<const Member> table);
     /// Properties, own operations, those of all attribute classes, the interface's, and these with their prefix.
     explicit MemberList(const AttributeClass& attribute);
+    /// Members of an object that puts its table together itself, and behind them its parts by name.
+    MemberList(std::vector<Member> table, const std::vector<std::string>& parts);
+    MemberList(const MemberList&) = delete;  // rows lead into the table
+    MemberList& operator=(const MemberList&) = delete;
     /// For objects without a table: every name gets a number when it is first asked for.
     MemberList() noexcept : m_open(true) {}
 
@@ -47,6 +53,7 @@ private:
     void add(std::span<const Member> table, std::string_view prefix = {});
     const NumberedMember* sameNamed(const NumberedMember& first, std::size_t arguments) const noexcept;
 
+    std::vector<Member> m_table;  ///< where no class keeps it
     mutable std::deque<NumberedMember> m_members;  // open lists grow, and rows that were handed out stay
     DISPID m_default = 0;
     bool m_twice = false;  ///< some name stands twice

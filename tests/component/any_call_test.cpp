@@ -126,6 +126,7 @@ TEST_F(AnyCall, EndsInAResultOrAFailureThatIsKnown) {
     const LONG held = Held::objects;
     for (const Class& type : classes()) {
         if (!type.create || type.name == "Library") continue;  // whose settings are the process's
+        if (type.members().count() == 0) continue;
         SCOPED_TRACE(type.name);
         for (std::uint64_t seed = 1; seed <= 10; ++seed) Round(type, seed).run();
     }

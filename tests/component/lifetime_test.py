@@ -1,5 +1,6 @@
 """What is created is gone again: objects, documents, files, memory, and the library itself."""
 
+import contextlib
 import ctypes
 import gc
 import os
@@ -11,6 +12,7 @@ import tempfile
 import unittest
 
 import brevant_canvas as bc
+from dialog_host import BLOCK, FORMS, Asked, User, document_with, main_form
 
 EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 MEGABYTE = 1 << 20
@@ -26,7 +28,7 @@ def open_files() -> int:
 
 
 class Leaks(unittest.TestCase):
-    def check(self, work, warm: int, times: int) -> None:
+    def check(self, work, warm: int, times: int, unloads: bool = True) -> None:
         library = bc.create("Library")
         live = library.LiveObjects
         for _ in range(warm):
@@ -44,7 +46,8 @@ class Leaks(unittest.TestCase):
         self.assertLess(grown, MEGABYTE)
         del library
         gc.collect()
-        self.assertTrue(bc.can_unload())
+        if unloads:
+            self.assertTrue(bc.can_unload())
 
     def test_100000_objects_leave_nothing_behind(self) -> None:
         names = ["clsBVTCanvas", "clsBVTBlock", "clsBVTMoveAxis", "clsBVTEdge", "clsBVTUndoBuffer"]
@@ -76,6 +79,34 @@ class Leaks(unittest.TestCase):
                 assert not document.Changed
 
             self.check(work, 100, 1000)
+
+    def test_10000_openings_of_a_dialog_leave_nothing_behind(self) -> None:
+        def script(form: bc.Object) -> None:
+            form.txbVelocity.Text = "2 5"
+            form.txbPosition.DblClick()
+            form.btnOK.Click()
+
+        host, document = main_form(), document_with(2)
+        with Asked(User(frmMoveAxis=script)) as user:
+            def work() -> None:
+                document.ShowAttributeFormAndChanged(BLOCK, host)
+                del user.shown[:]
+
+            self.check(work, 300, 10_000, unloads=False)
+        self.assertEqual((user.failures, user.boxes), ([], []))
+
+    def test_openings_of_every_dialog_leave_nothing_behind(self) -> None:
+        host = main_form()
+        documents = [document_with(kind) for kind in FORMS]
+        with Asked(User()) as user:
+            def work() -> None:
+                for document in documents:
+                    document.ShowAttributeFormAndChanged(BLOCK, host)
+                with contextlib.suppress(bc.RunTimeError):
+                    documents[0].BlockName(99)
+                del user.shown[:]
+
+            self.check(work, 30, 370, unloads=False)
 
     def test_host_objects_are_let_go(self) -> None:
         class Host:

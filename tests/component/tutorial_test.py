@@ -1,5 +1,7 @@
-"""The code of docs/tutorial.md and docs/hardware.md runs as it stands on the pages."""
+"""The code of docs/tutorial.md, docs/hardware.md and docs/dialogs.md runs as it stands on the pages."""
 
+import contextlib
+import io
 import os
 import pathlib
 import re
@@ -38,6 +40,11 @@ class Pages(unittest.TestCase):
         programs = pathlib.Path(os.environ["BREVANT_CANVAS"]).parents[1] / "bin"
         os.environ["PATH"] = f"{programs}:{os.environ['PATH']}"
         self.assertEqual(self.run_page("hardware.md"), ["controller.csv", "plant.db"])
+
+    def test_the_dialogs_pages_code_runs_from_top_to_bottom(self) -> None:
+        with contextlib.redirect_stdout(io.StringIO()) as said:
+            self.assertEqual(self.run_page("dialogs.md"), [])
+        self.assertIn("txbNewName           text", said.getvalue())
 
 
 if __name__ == "__main__":
