@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <benchmark/benchmark.h>
 #include <QApplication>
 #include <QDialog>
 #include <QEventLoop>
@@ -19,7 +20,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <benchmark/benchmark.h>
 
 #include "editors/forms.h"
 #include "editors/own_view.h"
@@ -30,15 +30,33 @@ namespace canvas::editors {
 namespace {
 
 constexpr ControlRow eightFields[] = {
-    caption("lbl0", "Velocity:", 0),     text("txb0", "", 0), caption("lblUnit0", "mm/sec", 0, 2),
-    caption("lbl1", "Acceleration:", 1), text("txb1", "", 1), caption("lblUnit1", "mm/sec", 1, 2),
-    caption("lbl2", "Deceleration:", 2), text("txb2", "", 2), caption("lblUnit2", "mm/sec", 2, 2),
-    caption("lbl3", "Position:", 3),     text("txb3", "", 3), caption("lblUnit3", "mm", 3, 2),
-    caption("lbl4", "Offset:", 4),       text("txb4", "", 4), caption("lblUnit4", "mm", 4, 2),
-    caption("lbl5", "Start:", 5),        text("txb5", "", 5), caption("lblUnit5", "mm", 5, 2),
-    caption("lbl6", "End:", 6),          text("txb6", "", 6), caption("lblUnit6", "mm", 6, 2),
-    caption("lbl7", "Time:", 7),         text("txb7", "", 7), caption("lblUnit7", "msec", 7, 2),
-    okButton(),                          cancelButton(),      helpButton(),
+    caption("lbl0", "Velocity:", 0),
+    text("txb0", "", 0),
+    caption("lblUnit0", "mm/sec", 0, 2),
+    caption("lbl1", "Acceleration:", 1),
+    text("txb1", "", 1),
+    caption("lblUnit1", "mm/sec", 1, 2),
+    caption("lbl2", "Deceleration:", 2),
+    text("txb2", "", 2),
+    caption("lblUnit2", "mm/sec", 2, 2),
+    caption("lbl3", "Position:", 3),
+    text("txb3", "", 3),
+    caption("lblUnit3", "mm", 3, 2),
+    caption("lbl4", "Offset:", 4),
+    text("txb4", "", 4),
+    caption("lblUnit4", "mm", 4, 2),
+    caption("lbl5", "Start:", 5),
+    text("txb5", "", 5),
+    caption("lblUnit5", "mm", 5, 2),
+    caption("lbl6", "End:", 6),
+    text("txb6", "", 6),
+    caption("lblUnit6", "mm", 6, 2),
+    caption("lbl7", "Time:", 7),
+    text("txb7", "", 7),
+    caption("lblUnit7", "msec", 7, 2),
+    okButton(),
+    cancelButton(),
+    helpButton(),
 };
 constexpr Form::Design eight{"frmEight", "Eight fields", eightFields};
 
@@ -66,8 +84,8 @@ private:
 
 /// As an application's programmer writes it, with what the form has too: names for assistive tools and a modal loop.
 void byHand(Painted& painted) {
-    static constexpr const char* labels[] = {"Velocity:", "Acceleration:", "Deceleration:", "Position:",
-                                             "Offset:",   "Start:",        "End:",          "Time:"};
+    static constexpr const char* labels[] = {
+        "Velocity:", "Acceleration:", "Deceleration:", "Position:", "Offset:", "Start:", "End:", "Time:"};
     static constexpr const char* units[] = {"mm/sec", "mm/sec", "mm/sec", "mm", "mm", "mm", "mm", "msec"};
     QDialog dialog;
     dialog.setWindowTitle(QStringLiteral("Eight fields"));
@@ -163,7 +181,10 @@ void tenThousandOpenings(benchmark::State& state) {
     state.counters["bytes_left"] = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(before);
     state.counters["widgets_left"] = static_cast<double>(QApplication::allWidgets().size() - widgets);
 }
-BENCHMARK(tenThousandOpenings)->Name("10,000 openings (aim: nothing left)")->Unit(benchmark::kMillisecond)->Iterations(10'000);
+BENCHMARK(tenThousandOpenings)
+    ->Name("10,000 openings (aim: nothing left)")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10'000);
 
 }  // namespace
 }  // namespace canvas::editors

@@ -63,7 +63,8 @@ private Q_SLOTS:
         next([&](QWidget& window) {
             next([&](QWidget& box) {
                 told = true;
-                QCOMPARE(box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text(), QStringLiteral("bad Velocity"));
+                QCOMPARE(box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text(),
+                         QStringLiteral("bad Velocity"));
                 key(Qt::Key_Return);
             });
             click(part(window, "btnOK"));
@@ -218,7 +219,8 @@ private Q_SLOTS:
 
     void everyFormOpensWithNamesForAssistiveTools_data() {
         QTest::addColumn<QString>("name");
-        for (const FormEntry& entry : forms()) QTest::newRow(entry.name.data()) << QString::fromLatin1(entry.name.data());
+        for (const FormEntry& entry : forms())
+            QTest::newRow(entry.name.data()) << QString::fromLatin1(entry.name.data());
     }
     void everyFormOpensWithNamesForAssistiveTools() {
         QFETCH(QString, name);
@@ -256,7 +258,9 @@ private Q_SLOTS:
         }
         QApplication::setFont(before);
     }
-    void numbersKeepTheirDecimalPoint() { QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C"); }  // banned-ok: asked only
+    void numbersKeepTheirDecimalPoint() {
+        QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C");
+    }  // banned-ok: asked only
 };
 
 }  // namespace
