@@ -194,6 +194,7 @@ public:
         const QString caption = shownLines(text.Caption());
         if (caption == label->text()) return;
         label->setText(caption);
+        if (text.row().unit != Unit::none) describeField(caption);
         label->setWordWrap(caption.size() > longCaption);
         label->setMinimumWidth(label->wordWrap() ? longCaption * label->fontMetrics().averageCharWidth() : 0);
     }
@@ -203,6 +204,17 @@ public:
 
     Label& text;
     QLabel* label;
+
+private:
+    /// Assistive tools read the unit out with the field before it.
+    void describeField(const QString& unit) {
+        for (const auto& view : window.views()) {
+            const ControlRow& row = view->control.row();
+            if (row.kind == ControlKind::text && row.in == text.row().in && row.line == text.row().line &&
+                row.column < text.row().column)
+                view->focusWidget()->setAccessibleDescription(unit);
+        }
+    }
 };
 
 class FrameView final : public ControlView {

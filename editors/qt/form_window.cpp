@@ -231,6 +231,10 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
                 });
             return refused || view.mouse(*static_cast<QMouseEvent*>(event));
         }
+        case QEvent::Wheel:  // scrolling past a combo box is not to change it
+            if (view.control.row().kind != ControlKind::combo || view.control.HasFocus()) return false;
+            event->ignore();
+            return true;
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick: return view.mouse(*static_cast<QMouseEvent*>(event));
         default: return false;

@@ -46,6 +46,8 @@ private Q_SLOTS:
         invoke(*moveAxis, "SetData", Ref<Object>(), Ref<Object>(), Ref<Object>(checker()));
         next([](QWidget& window) {
             QCOMPARE(window.windowTitle(), QStringLiteral("Move Axis"));
+            QCOMPARE(part(window, "txbVelocity").accessibleName(), QStringLiteral("Velocity"));
+            QCOMPARE(part(window, "txbVelocity").accessibleDescription(), QStringLiteral("unit/sec"));
             part<QLineEdit>(window, "txbVelocity").setFocus();
             key(Qt::Key_A, Qt::ControlModifier);
             type("12.5");
