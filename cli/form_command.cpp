@@ -30,7 +30,8 @@ struct Options {
 /// "MoveAxis" serves for "frmMoveAxis".
 std::string formNamed(std::string_view name) {
     for (const editors::FormEntry& entry : editors::forms())
-        if (sameName(entry.name, name) || sameName(entry.name, "frm" + std::string(name))) return std::string(entry.name);
+        if (sameName(entry.name, name) || sameName(entry.name, "frm" + std::string(name)))
+            return std::string(entry.name);
     return {};
 }
 
@@ -109,7 +110,8 @@ int editBlock(const Options& options, const std::string& form, Console& console)
 
 int open(const Options& options, Console& console) {
     const std::string form = formNamed(options.form);
-    if (form.empty()) return console.complain("no dialog of the name " + options.form + "; there are " + allForms()), wrongUsage;
+    if (form.empty())
+        return console.complain("no dialog of the name " + options.form + "; there are " + allForms()), wrongUsage;
     if (options.file.empty() != !options.block)
         return console.complain("give the number of a block with the file: canvas form NAME FILE BLOCK"), wrongUsage;
     try {

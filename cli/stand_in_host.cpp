@@ -80,7 +80,8 @@ Ref<Object> makeData(const StandInNames& names) {
     data->property("getuserdefinedbitvariablecol", listOf(names.bits));
     data->property("GetUserDefinedNotBitVariableCol", listOf(names.variables));
     data->property("GetUserDefinedConstantCol", listOf(names.constants));
-    for (const char* member : {"GetUserDefinedNetworkCol", "GetUserDefinedBitNetworkCol", "GetUserDefinedNotBitNetworkCol"})
+    for (const char* member :
+         {"GetUserDefinedNetworkCol", "GetUserDefinedBitNetworkCol", "GetUserDefinedNotBitNetworkCol"})
         data->property(member, listOf(names.network));
     for (const char* member : {"GetUserDefinedTableCol", "GetUserDefinedTableNonConCol", "GetCAMTableNames"})
         data->property(member, listOf(names.tables));
@@ -107,7 +108,8 @@ Ref<Object> makeTaskList(const std::vector<std::string>& tasks) {
     auto list = make<Composed>("StandInTaskList");
     list->method("GetTaskAt", [tasks](Args args) {
         const std::int32_t at = args[0].toLong();
-        const std::string title = at >= 0 && at < static_cast<std::int32_t>(tasks.size()) ? tasks[static_cast<std::size_t>(at)] : "";
+        const std::string title =
+            at >= 0 && at < static_cast<std::int32_t>(tasks.size()) ? tasks[static_cast<std::size_t>(at)] : "";
         auto task = make<Composed>("StandInTask");
         task->property("IsTaskDefined", Value(!title.empty()));
         task->property("TaskName", Value(title));
@@ -151,7 +153,8 @@ void openForNoBlock(editors::Form& form, const Ref<Object>& host) {
         editors::buildExpression("Speed * 2", controller, data, project->get("syntaxChecking").toObject());
     } else if (form.className() == "frmListSubroutine") {
         forEach(*project->get("SubroutineList").toObject(), [&](const Value& name) {
-            for (const char* list : {"lstItem", "lstItemInvisible"}) form.the<editors::Choice>(list).AddItem(name.toText());
+            for (const char* list : {"lstItem", "lstItemInvisible"})
+                form.the<editors::Choice>(list).AddItem(name.toText());
             return true;
         });
         form.Show();

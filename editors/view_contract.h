@@ -10,7 +10,7 @@ namespace canvas::editors {
 
 /// Objects pass between the two as they lie in memory: their sizes tell most builds apart, the first number the rest.
 constexpr std::uint64_t viewContract() noexcept {
-    std::uint64_t sum = 2;
+    std::uint64_t sum = 3;
     for (const std::size_t size : {sizeof(Form), sizeof(Control), sizeof(ControlRow), sizeof(TextControl), sizeof(Label),
                                    sizeof(Toggle), sizeof(Choice), sizeof(Tabs), sizeof(Tree), sizeof(Tree::Node),
                                    sizeof(Grid), sizeof(MessageBox), sizeof(Value)})

@@ -112,7 +112,8 @@ public:
         QTimer::singleShot(0, qApp, [&form, this] {
             QApplication::processEvents();
             QWidget* window = QApplication::activeModalWidget();
-            failed = !window || !window->grab().save(QString::fromStdString(m_folder + "/" + form.Name() + ".png")) || failed;
+            failed = !window || !window->grab().save(QString::fromStdString(m_folder + "/" + form.Name() + ".png")) ||
+                     failed;
             form.Hide();
         });
         return editors::ownView()->showForm(object);
@@ -126,13 +127,15 @@ private:
 
 bool writePage(const std::string& folder) {
     std::ofstream page(folder + "/README.md", std::ios::binary);
-    page << "# The dialogs\n\nEvery dialog as its view shows it, by the name that scripts know it by. Each can be tried "
-            "without a host:\n`canvas form MoveAxis`, or for block 12 of a program `canvas form MoveAxis press.bpa 12`.\n\n"
-            "`tools/gallery` takes the pictures anew and writes this page.\n";
+    page
+        << "# The dialogs\n\nEvery dialog as its view shows it, by the name that scripts know it by. Each can be tried "
+           "without a host:\n`canvas form MoveAxis`, or for block 12 of a program `canvas form MoveAxis press.bpa "
+           "12`.\n\n"
+           "`tools/gallery` takes the pictures anew and writes this page.\n";
     for (const editors::FormEntry& entry : editors::forms()) {
         const Ref<editors::Form> form = entry.make();
-        page << "\n## " << form->Name() << ": " << form->Caption() << "\n\n![" << form->Caption() << "](" << form->Name()
-             << ".png)\n";
+        page << "\n## " << form->Name() << ": " << form->Caption() << "\n\n![" << form->Caption() << "]("
+             << form->Name() << ".png)\n";
     }
     page.close();
     return page.good();
@@ -152,7 +155,8 @@ int main(int count, char** words) {
         try {
             cli::openForm(entry.name, host, prepare);
         } catch (const RuntimeError& error) {
-            std::fprintf(stderr, "canvas_gallery: %s: %s\n", std::string(entry.name).c_str(), error.description.c_str());
+            std::fprintf(stderr, "canvas_gallery: %s: %s\n", std::string(entry.name).c_str(),
+                         error.description.c_str());
             photographer->failed = true;
         }
     }

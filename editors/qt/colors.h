@@ -21,7 +21,8 @@ inline QPalette colored(std::int32_t color) {
     QPalette palette;
     if (color < 0) return palette;
     const QColor back = colorOf(color);
-    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window, QPalette::Button}) palette.setColor(role, back);
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window, QPalette::Button})
+        palette.setColor(role, back);
     for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(role, textOn(back));
     return palette;

@@ -30,7 +30,8 @@ namespace {
 template <class Editor>
 class TextView : public ControlView {
 public:
-    TextView(FormWindow& window, TextControl& control) : ControlView(window, control), text(control), editor(new Editor(&window)) {
+    TextView(FormWindow& window, TextControl& control)
+        : ControlView(window, control), text(control), editor(new Editor(&window)) {
         editor->setReadOnly(control.row().readOnly);
         window.watch(*editor, *this);
     }
@@ -57,7 +58,8 @@ public:
     LineView(FormWindow& window, TextControl& control) : TextView(window, control) {
         const auto told = [this] {
             const int start = editor->selectionStart();
-            take(editor->text(), shown(text.Text()), start < 0 ? editor->cursorPosition() : start, editor->selectionLength());
+            take(editor->text(), shown(text.Text()), start < 0 ? editor->cursorPosition() : start,
+                 editor->selectionLength());
         };
         QObject::connect(editor, &QLineEdit::textChanged, editor, told);
         QObject::connect(editor, &QLineEdit::cursorPositionChanged, editor, told);
@@ -95,7 +97,8 @@ public:
         window.watch(*editor->viewport(), *this);
     }
     bool owns(const QKeyEvent& event) const override {
-        return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !(event.modifiers() & Qt::ControlModifier);
+        return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
+               !(event.modifiers() & Qt::ControlModifier);
     }
     void follow() override {
         followCommon(*editor);
@@ -137,7 +140,8 @@ public:
 class ToggleView final : public ControlView {
 public:
     ToggleView(FormWindow& window, Toggle& control)
-        : ControlView(window, control), toggle(control),
+        : ControlView(window, control),
+          toggle(control),
           button(control.row().kind == ControlKind::option ? static_cast<QAbstractButton*>(new QRadioButton(&window))
                                                            : new QCheckBox(&window)) {
         button->setText(shown(control.row().caption));
@@ -179,7 +183,8 @@ private:
 
 class LabelView final : public ControlView {
 public:
-    LabelView(FormWindow& window, Label& control) : ControlView(window, control), text(control), label(new QLabel(&window)) {
+    LabelView(FormWindow& window, Label& control)
+        : ControlView(window, control), text(control), label(new QLabel(&window)) {
         label->setTextFormat(Qt::PlainText);
     }
     QWidget* widget() const override { return label; }
@@ -189,6 +194,7 @@ public:
         const QString caption = shownLines(text.Caption());
         if (caption == label->text()) return;
         label->setText(caption);
+        if (text.row().unit != Unit::none) describeField(caption);
         label->setWordWrap(caption.size() > longCaption);
         label->setMinimumWidth(label->wordWrap() ? longCaption * label->fontMetrics().averageCharWidth() : 0);
     }
@@ -198,11 +204,23 @@ public:
 
     Label& text;
     QLabel* label;
+
+private:
+    /// Assistive tools read the unit out with the field before it.
+    void describeField(const QString& unit) {
+        for (const auto& view : window.views()) {
+            const ControlRow& row = view->control.row();
+            if (row.kind == ControlKind::text && row.in == text.row().in && row.line == text.row().line &&
+                row.column < text.row().column)
+                view->focusWidget()->setAccessibleDescription(unit);
+        }
+    }
 };
 
 class FrameView final : public ControlView {
 public:
-    FrameView(FormWindow& window, Label& control) : ControlView(window, control), text(control), box(new QGroupBox(&window)) {}
+    FrameView(FormWindow& window, Label& control)
+        : ControlView(window, control), text(control), box(new QGroupBox(&window)) {}
     QWidget* widget() const override { return box; }
     QWidget* page(int) const override { return box; }
     void follow() override {
@@ -216,7 +234,8 @@ public:
 
 class TabsView final : public ControlView {
 public:
-    TabsView(FormWindow& window, Tabs& control) : ControlView(window, control), tabs(control), pages(new QTabWidget(&window)) {
+    TabsView(FormWindow& window, Tabs& control)
+        : ControlView(window, control), tabs(control), pages(new QTabWidget(&window)) {
         pages->setUsesScrollButtons(false);  // all tabs are seen
         for (std::int32_t i = 0; i < tabs.TabCount(); ++i) pages->addTab(new QWidget, shown(tabs.TabCaption(i)));
         QObject::connect(pages, &QTabWidget::currentChanged, pages, [this](int tab) {

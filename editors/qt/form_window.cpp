@@ -14,12 +14,13 @@
 
 namespace canvas::view {
 
-void standOver(QWidget& window) {
+InFront::InFront(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
     window.adjustSize();
     window.winId();  // makes the window, so that it can be tied to the one below
     if (!front || !front->windowHandle()) return;
+    m_below = front;
     window.windowHandle()->setTransientParent(front->windowHandle());
     const QRect room = front->screen()->availableGeometry();
     QRect frame = window.rect();
@@ -27,6 +28,10 @@ void standOver(QWidget& window) {
     frame.moveTo(qBound(room.left(), frame.left(), std::max(room.left(), room.right() - frame.width())),
                  qBound(room.top(), frame.top(), std::max(room.top(), room.bottom() - frame.height())));
     window.move(frame.topLeft());
+}
+
+InFront::~InFront() {
+    if (m_below) m_below->activateWindow();
 }
 
 FormWindow::FormWindow(Form& form) : m_form(form) {
@@ -60,13 +65,13 @@ FormWindow::~FormWindow() {
 void FormWindow::run() {
     QEventLoop loop;
     m_loop = &loop;
-    standOver(*this);
+    const InFront here(*this);
     show();
     activateWindow();
     followLater();  // the focus has nowhere to go before there is a window
     if (m_form.Visible()) loop.exec(QEventLoop::DialogExec);
     m_loop = nullptr;
-    hide();
+    hide();  // before the one below comes to the front
     if (m_failure) std::rethrow_exception(m_failure);
 }
 
@@ -108,7 +113,8 @@ void FormWindow::formChanged() {
 void FormWindow::followLater() {
     if (m_followsLater || m_following) return;
     m_followsLater = true;
-    QMetaObject::invokeMethod(this, [this] { followChanges(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { followChanges(); }, Qt::QueuedConnection);
 }
 
 void FormWindow::followChanges() noexcept {
@@ -215,7 +221,8 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
         }
         case QEvent::MouseButtonPress: {
             const ControlKind kind = view.control.row().kind;
-            const bool waitsForRelease = kind == ControlKind::button || kind == ControlKind::check || kind == ControlKind::option;
+            const bool waitsForRelease =
+                kind == ControlKind::button || kind == ControlKind::check || kind == ControlKind::option;
             bool refused = false;
             if (view.control.canTakeFocus() && !waitsForRelease)
                 guarded([&] {
@@ -224,6 +231,10 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
                 });
             return refused || view.mouse(*static_cast<QMouseEvent*>(event));
         }
+        case QEvent::Wheel:  // scrolling past a combo box is not to change it
+            if (view.control.row().kind != ControlKind::combo || view.control.HasFocus()) return false;
+            event->ignore();
+            return true;
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick: return view.mouse(*static_cast<QMouseEvent*>(event));
         default: return false;

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include <QDialog>
+#include <QPointer>
 
 #include "editors/qt/control_view.h"
 
@@ -86,7 +87,17 @@ void layOut(FormWindow& window);
 /// Names for assistive tools, buddies of mnemonics, and the tab order.
 void nameForAssistance(FormWindow& window);
 
-/// Lets a window without a parent stand over the one that is in front now.
-void standOver(QWidget& window);
+/// Lets a window without a parent stand over the one that is in front, which comes to the front again at the end of the
+/// scope.
+class InFront {
+public:
+    explicit InFront(QWidget& window);
+    ~InFront();
+    InFront(const InFront&) = delete;
+    InFront& operator=(const InFront&) = delete;
+
+private:
+    QPointer<QWidget> m_below;
+};
 
 }  // namespace canvas::view

@@ -117,7 +117,10 @@ std::int32_t keyCode(int key) {
 class GridView final : public ControlView {
 public:
     GridView(FormWindow& window, Grid& control)
-        : ControlView(window, control), grid(control), table(new QTableView(&window)), cells(new Cells(control, table)),
+        : ControlView(window, control),
+          grid(control),
+          table(new QTableView(&window)),
+          cells(new Cells(control, table)),
           editor(new QLineEdit(table->viewport())) {
         table->setModel(cells);
         table->setItemDelegate(new CellLook(control, table));
@@ -135,8 +138,10 @@ public:
         QObject::connect(editor, &QLineEdit::textChanged, editor, [this](const QString& typed) {
             this->window.guarded(*this, [&] { grid.setEditText(taken(typed)); });
         });
-        QObject::connect(table->verticalHeader(), &QHeaderView::sectionPressed, table, [this](int row) { click(row + 1, 0); });
-        QObject::connect(table->horizontalHeader(), &QHeaderView::sectionPressed, table, [this](int col) { click(0, col + 1); });
+        QObject::connect(table->verticalHeader(), &QHeaderView::sectionPressed, table,
+                         [this](int row) { click(row + 1, 0); });
+        QObject::connect(table->horizontalHeader(), &QHeaderView::sectionPressed, table,
+                         [this](int col) { click(0, col + 1); });
         for (QWidget* part : {static_cast<QWidget*>(table), table->viewport(), static_cast<QWidget*>(editor)})
             window.watch(*part, *this);
     }
@@ -225,12 +230,8 @@ void GridView::followEditor() {
 bool GridView::editorKey(QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            window.guarded(*this, [&] { grid.finishEdit(); });
-            return true;
-        case Qt::Key_Escape:
-            window.guarded(*this, [&] { grid.cancelEdit(); });
-            return true;
+        case Qt::Key_Enter: window.guarded(*this, [&] { grid.finishEdit(); }); return true;
+        case Qt::Key_Escape: window.guarded(*this, [&] { grid.cancelEdit(); }); return true;
         case Qt::Key_Up: return move(-1, 0), true;
         case Qt::Key_Down: return move(1, 0), true;
         default: return false;
@@ -286,7 +287,8 @@ bool GridView::tableKey(QKeyEvent& event) {
 }
 
 bool GridView::mouse(QMouseEvent& event) {
-    if (editor->isVisible() && editor->geometry().contains(table->viewport()->mapFromGlobal(event.globalPosition().toPoint())))
+    if (editor->isVisible() &&
+        editor->geometry().contains(table->viewport()->mapFromGlobal(event.globalPosition().toPoint())))
         return false;
     const QPoint place = table->viewport()->mapFromGlobal(event.globalPosition().toPoint());
     const QModelIndex cell = table->indexAt(place);
@@ -305,7 +307,8 @@ bool GridView::mouse(QMouseEvent& event) {
             });
             return true;
         case QEvent::MouseButtonRelease:
-            if (std::exchange(m_pressed, {}) != cell || event.button() != Qt::LeftButton || onButton != m_onButton) return true;
+            if (std::exchange(m_pressed, {}) != cell || event.button() != Qt::LeftButton || onButton != m_onButton)
+                return true;
             if (!onButton) return click(row, col), true;
             window.guarded(*this, [&] { grid.ButtonClick(row, col); });
             return true;

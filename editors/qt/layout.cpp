@@ -95,7 +95,8 @@ void fillContainer(QGridLayout& grid, const Rows& rows) {
         const bool beside = std::any_of(rows.begin(), rows.end(), [&](const ControlView* other) {
             return other->control.row().line == row.line && isTall(other->control.row());
         });
-        Qt::Alignment alignment = beside && !isTall(row) && row.kind != ControlKind::frame ? Qt::AlignTop : Qt::Alignment();
+        Qt::Alignment alignment =
+            beside && !isTall(row) && row.kind != ControlKind::frame ? Qt::AlignTop : Qt::Alignment();
         if (row.kind == ControlKind::button && span > 1) alignment |= Qt::AlignLeft;
         grid.addWidget(view->widget(), row.line, row.column, 1, span, alignment);
         if (isWide(row) && span == 1) grid.setColumnStretch(row.column, 1);
@@ -142,7 +143,8 @@ const ControlView* labelOf(const FormWindow& window, const ControlRow& row) {
     int best = 1 << 20;
     for (const auto& view : window.views()) {
         const ControlRow& label = view->control.row();
-        if (label.kind != ControlKind::label || label.unit != Unit::none || label.in != row.in || label.caption.empty()) continue;
+        if (label.kind != ControlKind::label || label.unit != Unit::none || label.in != row.in || label.caption.empty())
+            continue;
         int distance = best;
         if (label.line == row.line && label.column < row.column) distance = row.column - label.column;
         else if (label.line == row.line - 1 && label.column == row.column) distance = 1000;
@@ -155,7 +157,8 @@ QString nameOf(const FormWindow& window, const ControlView& view) {
     const ControlRow& row = view.control.row();
     const bool ownCaption = row.kind != ControlKind::tabs && row.kind != ControlKind::grid && !row.caption.empty();
     if (ownCaption) return withoutColon(plainCaption(row.caption));
-    if (const ControlView* label = labelOf(window, row)) return withoutColon(plainCaption(label->control.row().caption));
+    if (const ControlView* label = labelOf(window, row))
+        return withoutColon(plainCaption(label->control.row().caption));
     for (const auto& other : window.views())
         if (other->control.row().kind == ControlKind::frame && other->control.row().name == row.in)
             return plainCaption(other->control.row().caption);

@@ -26,8 +26,8 @@ struct ReplyRow {
     QMessageBox::StandardButton button;
 };
 constexpr ReplyRow replies[] = {
-    {Reply::ok, QMessageBox::Ok},       {Reply::cancel, QMessageBox::Cancel}, {Reply::yes, QMessageBox::Yes},
-    {Reply::no, QMessageBox::No},       {Reply::abort, QMessageBox::Abort},   {Reply::retry, QMessageBox::Retry},
+    {Reply::ok, QMessageBox::Ok},         {Reply::cancel, QMessageBox::Cancel}, {Reply::yes, QMessageBox::Yes},
+    {Reply::no, QMessageBox::No},         {Reply::abort, QMessageBox::Abort},   {Reply::retry, QMessageBox::Retry},
     {Reply::ignore, QMessageBox::Ignore},
 };
 
@@ -77,7 +77,7 @@ public:
         box.setWindowTitle(asked.title.empty() ? QApplication::applicationDisplayName() : shown(asked.title));
         box.setStandardButtons(buttonsOf(asked.buttons));
         box.setEscapeButton(safeButton(asked.buttons));
-        standOver(box);
+        const InFront here(box);
         const int answer = box.exec();
         for (const ReplyRow& row : replies)
             if (row.button == answer) return row.reply;
@@ -93,7 +93,7 @@ public:
         box.setTextValue(shown(preset));
         if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
         if (auto* field = box.findChild<QLineEdit*>()) field->setAccessibleName(shownLines(prompt));
-        standOver(box);
+        const InFront here(box);
         return box.exec() == QDialog::Accepted ? taken(box.textValue()) : std::string();
     }
 

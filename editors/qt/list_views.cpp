@@ -43,7 +43,10 @@ private:
 class ComboView final : public ControlView {
 public:
     ComboView(FormWindow& window, Choice& control)
-        : ControlView(window, control), choice(control), box(new QComboBox(&window)), entries(new Entries(control, box)) {
+        : ControlView(window, control),
+          choice(control),
+          box(new QComboBox(&window)),
+          entries(new Entries(control, box)) {
         // the other policies measure every entry
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(16);
@@ -73,14 +76,18 @@ public:
 class ListView final : public ControlView {
 public:
     ListView(FormWindow& window, Choice& control)
-        : ControlView(window, control), choice(control), list(new QListView(&window)), entries(new Entries(control, list)) {
+        : ControlView(window, control),
+          choice(control),
+          list(new QListView(&window)),
+          entries(new Entries(control, list)) {
         list->setUniformItemSizes(true);
         list->setEditTriggers(QAbstractItemView::NoEditTriggers);
         list->setTabKeyNavigation(false);
         list->setModel(entries);
-        QObject::connect(list->selectionModel(), &QItemSelectionModel::currentChanged, list, [this](const QModelIndex& at) {
-            this->window.guarded(*this, [&] { choice.setListIndex(at.isValid() ? at.row() : -1); });
-        });
+        QObject::connect(list->selectionModel(), &QItemSelectionModel::currentChanged, list,
+                         [this](const QModelIndex& at) {
+                             this->window.guarded(*this, [&] { choice.setListIndex(at.isValid() ? at.row() : -1); });
+                         });
         QObject::connect(list, &QListView::doubleClicked, list,
                          [this] { this->window.guarded(*this, [&] { choice.DblClick(); }); });
         window.watch(*list, *this);
@@ -171,10 +178,11 @@ public:
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setTabKeyNavigation(false);
         view->setModel(nodes);
-        QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view, [this](const QModelIndex& at) {
-            m_told = true;
-            click(at);
-        });
+        QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
+                         [this](const QModelIndex& at) {
+                             m_told = true;
+                             click(at);
+                         });
         // a click on the node that is current already is a click too
         QObject::connect(view, &QTreeView::pressed, view, [this](const QModelIndex& at) {
             if (!std::exchange(m_told, false)) click(at);

@@ -35,13 +35,16 @@ W& part(QWidget& window, const char* name) {
     return *found;
 }
 
-inline void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QWidget* focused = QApplication::focusWidget();
-    QTest::keyClick(focused ? focused : QApplication::activeModalWidget(), key, modifiers);
+/// Coming back from a box takes the platform a moment.
+inline QWidget& focused() {
+    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }, 2000)) qFatal("nothing has the focus");
+    return *QApplication::focusWidget();
 }
+inline void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&focused(), key, modifiers); }
 inline void type(const char* text) {
-    for (; *text; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
+    for (; *text; ++text) QTest::keyClick(&focused(), *text);
 }
+
 /// At the left, where also wide check boxes are met.
 inline void click(QWidget& widget) {
     QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(std::min(8, widget.width() / 2), widget.height() / 2));
@@ -49,8 +52,8 @@ inline void click(QWidget& widget) {
 
 /// The view answers message boxes and input boxes too.
 struct OnScreen {
-    WithEnvironment with{Environment{.interaction = std::shared_ptr<Interaction>(ownView(), [](Interaction*) {}),
-                                     .forms = dialogs()}};
+    WithEnvironment with{
+        Environment{.interaction = std::shared_ptr<Interaction>(ownView(), [](Interaction*) {}), .forms = dialogs()}};
 };
 
 inline Ref<Composed> checker(std::string refused = {}) {

@@ -1,8 +1,8 @@
 // The grid on the screen.
 
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QHeaderView>
 #include <QTableView>
 
 #include "tests/view/driving.h"
@@ -37,7 +37,9 @@ class GridTest final : public QObject {
     }
     std::ptrdiff_t count(GridEvent event) const { return std::count(events.begin(), events.end(), event); }
     /// Rows and columns as the form counts them.
-    static QRect cell(QTableView& table, int row, int col) { return table.visualRect(table.model()->index(row - 1, col - 1)); }
+    static QRect cell(QTableView& table, int row, int col) {
+        return table.visualRect(table.model()->index(row - 1, col - 1));
+    }
     static void press(QTableView& table, int row, int col) {
         QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell(table, row, col).center());
     }
@@ -46,6 +48,22 @@ class GridTest final : public QObject {
         key(Qt::Key_F2);
     }
     static QLineEdit& editor(QTableView& table) { return *table.viewport()->findChild<QLineEdit*>(); }
+
+    /// A checker that knows every expression but "wrong".
+    static Ref<Object> expressions() {
+        auto object = make<Composed>("Checker");
+        object->method("checkexpression", [](Args args) { return Value(std::int32_t{args[0].toText() == "wrong"}); });
+        object->method("GetResult", [](Args args) {
+            args[0] = Value(std::int32_t{16});
+            args[1] = Value(true);
+            return Value();
+        });
+        object->method("GetErrorInfo", [](Args args) {
+            args[0] = Value("no such name");
+            return Value();
+        });
+        return object;
+    }
 
 private Q_SLOTS:
     void init() {
@@ -240,13 +258,55 @@ private Q_SLOTS:
             grid->setCellBackColor(1, 1, 255);
             grid->setCellBackColor(2, 1, 16777215);
             QTest::qWait(0);
-            const auto role = [&](int row, int what) { return table.model()->index(row, 0).data(what).value<QColor>(); };
+            const auto role = [&](int row, int what) {
+                return table.model()->index(row, 0).data(what).value<QColor>();
+            };
             QCOMPARE(role(0, Qt::BackgroundRole), QColor(255, 0, 0));
             QCOMPARE(role(0, Qt::ForegroundRole), QColor(Qt::white));
             QCOMPARE(role(1, Qt::BackgroundRole), QColor(Qt::white));
             QCOMPARE(role(1, Qt::ForegroundRole), QColor(Qt::black));
             QVERIFY(!table.model()->index(2, 0).data(Qt::BackgroundRole).isValid());
         });
+    }
+    void setVariableIsFilledInByHand() {
+        const Ref<Form> dialog = makeForm("frmSetVariable");
+        const Ref<Object> attribute = dialog->get("BVTAttribute").toObject();
+        attribute->put("Variable", Value("Count=1;"));
+        dialog->put("BVTAttribute", Value(attribute));
+        invoke(*dialog, "SetData", Ref<Object>(), Ref<Object>(), expressions());
+        bool told = false;
+        next([&](QWidget& window) {
+            auto& table = part<QTableView>(window, "VSGridUserVariable");
+            auto& cells = dialog->the<Grid>("VSGridUserVariable");
+            const auto doubleClick = [&](int row, int col) {
+                press(table, row, col);
+                QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell(table, row, col).center());
+                QVERIFY(editor(table).isVisible());
+            };
+            doubleClick(1, 2);
+            next([&](QWidget&) {
+                told = true;
+                key(Qt::Key_Return);
+            });
+            type("wr\"o;ng");
+            key(Qt::Key_Return);
+            QVERIFY(told);
+            QVERIFY(cells.editing());
+            QCOMPARE(cells.editText(), "wrong");
+            QCOMPARE(editor(table).palette().color(QPalette::Base), QColor(255, 0, 0));
+            key(Qt::Key_A, Qt::ControlModifier);
+            type("Count + 1");
+            key(Qt::Key_Return);
+            QVERIFY(!cells.editing());
+            doubleClick(2, 1);
+            type("Done");
+            doubleClick(2, 2);
+            type("0");
+            click(part(window, "btnOK"));
+        });
+        dialog->Show();
+        QVERIFY(dialog->get("OKClicked").toBoolean());
+        QCOMPARE(dialog->get("BVTAttribute").toObject()->get("Variable").toText(), "Count=Count + 1;Done=0;");
     }
     void messageBoxOverAHeldCellDoesNotAskTwice() {
         form->gridHandler = [&](GridEvent event, Grid&, std::int32_t, std::int32_t) {

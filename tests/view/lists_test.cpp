@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QListView>
 #include <QTreeView>
+#include <QWheelEvent>
 
 #include "tests/view/driving.h"
 
@@ -78,6 +79,17 @@ private Q_SLOTS:
             QCOMPARE(at<Choice>("cmbKind").Text(), "Relative");
         });
         QCOMPARE(count("cmbKind", Event::click), 2);
+    }
+    void scrollingPastAComboBoxDoesNotChangeIt() {
+        play([&](QWidget& window) {
+            at<Choice>("lstNames").SetFocus();
+            QTest::qWait(0);
+            auto& box = part<QComboBox>(window, "cmbKind");
+            QWheelEvent down(QPointF(5, 5), box.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton, {},
+                             Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&box, &down);
+            QCOMPARE(at<Choice>("cmbKind").ListIndex(), -1);
+        });
     }
     void aListIsChosenFromByClickAndKey() {
         play([&](QWidget& window) {

@@ -10,7 +10,7 @@
 int main(int count, char** words) {
     using namespace canvas::editors;
     static constexpr TestClass classes[] = {
-        {"fields", makeFieldsTest}, {"lists", makeListsTest},   {"grid", makeGridTest},
+        {"fields", makeFieldsTest}, {"lists", makeListsTest}, {"grid", makeGridTest},
         {"window", makeWindowTest}, {"boxes", makeBoxesTest},
     };
     // the view makes the application itself, as in a host without one
@@ -18,7 +18,8 @@ int main(int count, char** words) {
     for (int i = 1; i < count; ++i) {  // reports go to "FILE,FORMAT"
         const std::string_view word = words[i];
         const auto comma = word.find(",junitxml");
-        if (comma != word.npos) std::filesystem::create_directories(std::filesystem::path(word.substr(0, comma)).parent_path());
+        if (comma != word.npos)
+            std::filesystem::create_directories(std::filesystem::path(word.substr(0, comma)).parent_path());
     }
     const char* chosen = count > 1 ? words[1] : nullptr;
     int failures = 0;

@@ -46,6 +46,8 @@ private Q_SLOTS:
         invoke(*moveAxis, "SetData", Ref<Object>(), Ref<Object>(), Ref<Object>(checker()));
         next([](QWidget& window) {
             QCOMPARE(window.windowTitle(), QStringLiteral("Move Axis"));
+            QCOMPARE(part(window, "txbVelocity").accessibleName(), QStringLiteral("Velocity"));
+            QCOMPARE(part(window, "txbVelocity").accessibleDescription(), QStringLiteral("unit/sec"));
             part<QLineEdit>(window, "txbVelocity").setFocus();
             key(Qt::Key_A, Qt::ControlModifier);
             type("12.5");
@@ -63,7 +65,8 @@ private Q_SLOTS:
         next([&](QWidget& window) {
             next([&](QWidget& box) {
                 told = true;
-                QCOMPARE(box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text(), QStringLiteral("bad Velocity"));
+                QCOMPARE(box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text(),
+                         QStringLiteral("bad Velocity"));
                 key(Qt::Key_Return);
             });
             click(part(window, "btnOK"));
@@ -218,7 +221,8 @@ private Q_SLOTS:
 
     void everyFormOpensWithNamesForAssistiveTools_data() {
         QTest::addColumn<QString>("name");
-        for (const FormEntry& entry : forms()) QTest::newRow(entry.name.data()) << QString::fromLatin1(entry.name.data());
+        for (const FormEntry& entry : forms())
+            QTest::newRow(entry.name.data()) << QString::fromLatin1(entry.name.data());
     }
     void everyFormOpensWithNamesForAssistiveTools() {
         QFETCH(QString, name);
@@ -256,7 +260,9 @@ private Q_SLOTS:
         }
         QApplication::setFont(before);
     }
-    void numbersKeepTheirDecimalPoint() { QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C"); }  // banned-ok: asked only
+    void numbersKeepTheirDecimalPoint() {
+        QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C");
+    }  // banned-ok: asked only
 };
 
 }  // namespace
