@@ -217,7 +217,9 @@ template <class Run>
 Flow clsBVTSetVariable::checkEquation(Run& run, const Ref<Object>& checker, std::int32_t lngBlockID, std::int32_t i,
                                       std::string& strSyntaxMessage) const {
     const std::string place = "(" + numbers::textOf(lngBlockID) + "," + numbers::textOf(i + 1) + ")";
-    const auto [left, right] = set_variable::sides(strArray[static_cast<std::size_t>(i)]);
+    const auto sides = set_variable::sides(strArray[static_cast<std::size_t>(i)]);
+    const std::string& left = sides.first;  // named one by one: clang 14 cannot capture structured bindings
+    const std::string& right = sides.second;
     ListCheck leftCheck;
     ListCheck rightCheck;
     bool good = false;
