@@ -1,6 +1,7 @@
 // Any member of any class, called with anything, by hosts that come back from every question: whatever comes of it is
 // a result or a failure that the boundary knows.
 
+#include <list>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -32,6 +33,8 @@ public:
         : m_members(members), m_chance{seed}, m_target(dispatchOf(target)) {
         m_host = asObject(makeChaos());
     }
+    Round(const Round&) = delete;
+    Round& operator=(const Round&) = delete;
 
     void run(int calls = callsOfARound) {
         for (int i = 0; i < calls; ++i) anyCall();
@@ -143,12 +146,13 @@ TEST_F(AnyCall, OfAShownFormAndItsControlsEndsSoToo) {
         for (std::uint64_t seed = 1; seed <= 5; ++seed) {
             editors::Playing play;
             int depth = 0;
+            std::list<Round> rounds;  // the form may keep their hosts
             play.user->script = [&](Object& shown) {
                 if (++depth < 3) {
                     const Ref<editors::Form> form(&static_cast<editors::Form&>(shown));
-                    Round(membersOf(*form), form, seed).run(40);
+                    rounds.emplace_back(membersOf(*form), form, seed).run(40);
                     for (const Ref<editors::Control>& control : form->controls())
-                        Round(membersOf(*control), control, seed * 31).run(20);
+                        rounds.emplace_back(membersOf(*control), control, seed * 31).run(20);
                 }
                 --depth;
             };
