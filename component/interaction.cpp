@@ -41,11 +41,9 @@ std::optional<Value> asked(Object& host, std::string_view member, A&&... argumen
 }  // namespace
 
 Interaction& OwnInteraction::way() {
-    Interaction* const view = editors::ownView();
-    return view ? *view : *m_before;
+    m_view = editors::ownView();
+    return m_view ? *m_view : *m_before;
 }
-
-bool OwnInteraction::takesForms() { return editors::ownView() != nullptr; }
 
 Reply HostInteraction::messageBox(const MessageBox& box) {
     const auto answer = asked(*m_host, "MessageBox", box.text, wordOf(box.buttons, buttonWords),

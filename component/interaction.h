@@ -23,16 +23,18 @@ public:
     std::string inputBox(std::string_view prompt, std::string_view title, std::string_view preset) override {
         return way().inputBox(prompt, title, preset);
     }
-    void beep() override { way().beep(); }
+    /// A sound alone does not load the view.
+    void beep() override { (m_view ? *m_view : *m_before).beep(); }
     std::int32_t openAddress(std::string_view address) override { return way().openAddress(address); }
     void setClipboard(std::string_view text) override { way().setClipboard(text); }
     bool showForm(Object& form) override { return way().showForm(form); }
-    bool takesForms() override;
+    bool takesForms() override { return &way() != m_before.get(); }
 
 private:
     Interaction& way();
 
     std::shared_ptr<Interaction> m_before;
+    Interaction* m_view = nullptr;  ///< once it was there
 };
 
 /// Calls the host's members by name. One that the host lacks, or an answer that is none of the known words, falls back

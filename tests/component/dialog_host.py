@@ -1,5 +1,6 @@
-"""A host in Python for tests of the dialogs: a project with data, controller and checker, and a user who plays scripts."""
+"""A host in Python for tests of the dialogs: a project with data, controller and checker, a user who plays scripts."""
 
+import unittest
 from collections.abc import Callable, Iterable
 from typing import Any
 
@@ -30,7 +31,7 @@ class Members:
             setattr(self, name, value)
 
 
-def lists(names: Iterable[str], items: Iterable[Any] = ("speed", "limit")) -> Members:
+def lists(names: Iterable[str], items: Iterable[Any] = ("speed", "limit")) -> Any:
     return Members(**{name: bc.Collection(list(items)) for name in names})
 
 
@@ -57,7 +58,7 @@ class Checker:
         text.value, start.value, length.value = "not defined", 1, 3
 
 
-def main_form(checker: Any = None, data: Any = None, controller: Any = None) -> Members:
+def main_form(checker: Any = None, data: Any = None, controller: Any = None) -> Any:
     project = Members(Data=data or lists(DATA), syntaxChecking=checker or Checker(), FileTitle="line.bpj",
                       MachineUnits=Members(UserUnit="mm"), WorkingDirectory="/job", NeedsSaving=False,
                       GetTaskNameList=bc.Collection(["one.bpg", "", "three.bpg", "", "", "", "", ""]),
@@ -81,7 +82,7 @@ def document_with(kind: int, **settings: Any) -> bc.Object:
     return document
 
 
-def attribute_of(document: bc.Object) -> bc.Object:
+def attribute_of(document: bc.Object) -> Any:
     return document.BlockList.GetBlockByBlockID(BLOCK).BVTAttribute
 
 
@@ -124,3 +125,14 @@ class Asked:
 
     def __exit__(self, *_: object) -> None:
         self.library.Interaction = None
+
+
+class Editing(unittest.TestCase):
+    """Opens Move Axis, unless a test says otherwise."""
+
+    def edit(self, user: Any, host: Any = None, kind: int = 2, **settings: Any) -> Any:
+        document = document_with(kind, **settings)
+        self.host = host or main_form()
+        with Asked(user):
+            self.changed = document.ShowAttributeFormAndChanged(BLOCK, self.host)
+        return attribute_of(document)

@@ -12,6 +12,7 @@
 #include "editors/attribute_form.h"
 #include "tests/component/fake_host.h"
 #include "tests/document/fixture.h"
+#include "tests/editors/conventions_cases.h"
 #include "tests/editors/playing.h"
 
 namespace canvas::component::testing {
@@ -73,6 +74,24 @@ TEST(FormMembers, AreNumberedFromTheCommonOnesToTheControls) {
         }
         for (std::ptrdiff_t i = 0; i < controls; ++i)
             EXPECT_EQ(lines.end()[i - controls], form->controls()[static_cast<std::size_t>(i)]->Name() + " get 0");
+    }
+}
+
+TEST(FormMembers, OfAttributeDialogsEndWithThoseThatTheyShare) {
+    for (const editors::FormCase& row : editors::formCases()) {
+        SCOPED_TRACE(row.name);
+        Lines shared = {"UserUnit put 0", "BVTAttribute get/put 0", "OKClicked get 0",
+                        row.checker ? "SetData method 3" : "SetData method 2"};
+        if (row.lists) shared.push_back("VariableNameList put 0");
+        if (row.builder) shared.push_back("ExpressionBuilder method 1");
+        if (row.asksChecker) shared.push_back("CheckParameter method 1");
+        const Ref<Form> form = makeForm(row.name);
+        const MemberList& members = membersOf(*form);
+        const auto last = members.count() - static_cast<DISPID>(form->controls().size());
+        Lines lines;
+        for (DISPID number = last - static_cast<DISPID>(shared.size()) + 1; number <= last; ++number)
+            lines.push_back(line(members[number]));
+        EXPECT_EQ(lines, shared);
     }
 }
 

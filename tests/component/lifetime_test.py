@@ -158,6 +158,24 @@ class Unloading(unittest.TestCase):
         self.assertFalse(self.mapped())
         self.assertEqual(self.handlers(), before)
 
+    def test_it_goes_also_when_dialogs_and_errors_were_answered(self) -> None:
+        gc.collect()
+        bc.unload()
+        before = self.handlers()
+        for _ in range(5):
+            with Asked(User()) as user:
+                document = document_with(2)
+                document.ShowAttributeFormAndChanged(BLOCK, main_form())
+                document.BlockName(99)
+                self.assertEqual(user.shown, ["frmMoveAxis", "vbwFrmErrHandler"])
+            with self.assertRaises(bc.RunTimeError):
+                document.BlockName(99)
+            del document, user
+            gc.collect()
+            bc.unload()
+            self.assertFalse(self.mapped())
+            self.assertEqual(self.handlers(), before)
+
     def test_a_process_may_end_with_everything_held(self) -> None:
         code = """
 import brevant_canvas as bc
