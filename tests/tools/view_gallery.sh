@@ -1,6 +1,7 @@
 # The gallery takes a picture of every dialog, and those of docs/dialogs are all there are. What the pictures show is
 # for eyes.
 set -eu
+export LSAN_OPTIONS=suppressions=$CANVAS_SOURCE_DIR/tests/view/leaks.txt:print_suppressions=0
 export CANVAS_GALLERY=${CANVAS_BIN%/*}/canvas_gallery
 [ -x "$CANVAS_GALLERY" ] || { echo "no Qt 6 here: no pictures"; exit 77; }
 folder=$(mktemp -d)

@@ -1,6 +1,9 @@
 # A person at a real screen: a double click on a field of Move Axis opens the expression builder, what is typed there
 # comes back into the field, OK writes the file.
 set -eu
+export LSAN_OPTIONS=suppressions=$CANVAS_SOURCE_DIR/tests/view/leaks.txt:print_suppressions=0
+# libxcb copies texts of a known length that no zero ends
+export ASAN_OPTIONS=${ASAN_OPTIONS:-}:strict_string_checks=0
 [ -e "${CANVAS_BIN%/*}/../lib/libCanvasView.so" ] || { echo "no Qt 6 here: there is no view"; exit 77; }
 for program in Xvfb xdotool; do
     command -v $program >/dev/null || { echo "$program is missing"; exit 77; }
