@@ -159,6 +159,7 @@ void openForNoBlock(editors::Form& form, const Ref<Object>& host) {
         });
         form.Show();
     } else {
+        if (form.className() == "frmEditNodeName") form.put("NodeLabel", Value("Untitled"));
         form.Show();
     }
 }

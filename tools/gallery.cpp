@@ -93,6 +93,17 @@ cli::StandInNames names() {
             .subroutines = {"/projects/line/Clamp.bps", "/projects/line/Eject.bps"}};
 }
 
+editors::Tabs* tabsOf(const editors::Form& form) {
+    for (const Ref<editors::Control>& control : form.controls())
+        if (auto* tabs = dynamic_cast<editors::Tabs*>(control.get())) return tabs;
+    return nullptr;
+}
+
+/// The picture of a tab behind the first one.
+std::string pictureOf(const editors::Form& form, std::int32_t tab) {
+    return form.Name() + "_tab" + std::to_string(tab + 1);
+}
+
 /// Takes the picture once the dialog is painted, and ends the showing.
 class Photographer final : public Interaction {
 public:
@@ -110,10 +121,14 @@ public:
         auto& form = dynamic_cast<editors::Form&>(object);
         if (auto* error = dynamic_cast<editors::Label*>(form.find("lblErrorString"))) error->setCaption(failure);
         QTimer::singleShot(0, qApp, [&form, this] {
-            QApplication::processEvents();
-            QWidget* window = QApplication::activeModalWidget();
-            failed = !window || !window->grab().save(QString::fromStdString(m_folder + "/" + form.Name() + ".png")) ||
-                     failed;
+            take(form.Name());
+            if (editors::Tabs* tabs = tabsOf(form)) {
+                for (std::int32_t tab = 1; tab < tabs->TabCount(); ++tab) {
+                    tabs->setTabEnabled(tab, true);
+                    tabs->setTab(tab);
+                    take(pictureOf(form, tab));
+                }
+            }
             form.Hide();
         });
         return editors::ownView()->showForm(object);
@@ -122,6 +137,13 @@ public:
     bool failed = false;
 
 private:
+    void take(const std::string& picture) {
+        QApplication::sendPostedEvents();  // processEvents within an event leaves those posted with it for later
+        QApplication::processEvents();
+        QWidget* window = QApplication::activeModalWidget();
+        failed = !window || !window->grab().save(QString::fromStdString(m_folder + "/" + picture + ".png")) || failed;
+    }
+
     std::string m_folder;
 };
 
@@ -136,6 +158,9 @@ bool writePage(const std::string& folder) {
         const Ref<editors::Form> form = entry.make();
         page << "\n## " << form->Name() << ": " << form->Caption() << "\n\n![" << form->Caption() << "]("
              << form->Name() << ".png)\n";
+        if (const editors::Tabs* tabs = tabsOf(*form))
+            for (std::int32_t tab = 1; tab < tabs->TabCount(); ++tab)
+                page << "\n![" << tabs->TabCaption(tab) << "](" << pictureOf(*form, tab) << ".png)\n";
     }
     page.close();
     return page.good();

@@ -189,6 +189,12 @@ private Q_SLOTS:
             QCOMPARE(at<Tabs>("tabMore").Tab(), 1);
             QVERIFY(part(window, "txbAdvanced").isVisible());
             at<Tabs>("tabMore").setTab(0);
+            at<Tabs>("tabMore").SetFocus();
+            QTest::qWait(0);
+            at<Tabs>("tabMore").setTab(1);
+            QTest::qWait(0);
+            QCOMPARE(pages.currentIndex(), 1);
+            at<Tabs>("tabMore").setTab(0);
             at<Tabs>("tabMore").setTabEnabled(1, false);
             QTest::qWait(0);
             QCOMPARE(pages.currentIndex(), 0);
