@@ -32,7 +32,8 @@ std::string line(const NumberedMember& row) {
 using Lines = std::vector<std::string>;
 
 const Lines everyForm = {"Name get 0",         "Caption get 0", "Visible get 0", "Close method 0", "Control method 1",
-                         "ControlNames get 0", "Load method 0", "Show method 0", "Hide method 0",  "Unload method 0"};
+                         "ControlNames get 0", "Load method 0", "Show method 0", "Hide method 0",  "Unload method 0",
+                         "Controls get 0"};
 
 /// What forms offer of their own, in slot order.
 const std::map<std::string_view, Lines> own = {
