@@ -36,9 +36,8 @@ Ref<clsBVTBlock> clsBVTBlockCol::Add(clsBVTBlock& Block) {
 }
 
 Ref<clsBVTBlock> clsBVTBlockCol::adopt(Ref<clsBVTBlock> block) {
-    if (!block->vntAttribute || m_blocks->find(Key(block->intBlockID))) return Add(*block);  // which fails, and says so
-    m_blocks->Add(block, Key(block->intBlockID));
-    return block;
+    if (block->vntAttribute && m_blocks->addNew(block, Key(block->intBlockID))) return block;
+    return Add(*block);  // which fails, and says so
 }
 
 void clsBVTBlockCol::Delete(const Value& vntIndex) {

@@ -36,13 +36,24 @@ bool InPorts::hasKey(std::int16_t id) const {
     return isRecords() ? record(single) != m_sources.end() : m_collection->find(keyOf(single)) != nullptr;
 }
 
-void InPorts::add(Source source) {
+void InPorts::reserve(std::int16_t count) {
+    if (isRecords() && count > 0) m_sources.reserve(std::min(static_cast<std::size_t>(count), mostRecords));
+}
+
+bool InPorts::addNew(Source source) {
     if (isRecords() && m_sources.size() < mostRecords) {
-        if (record(source.sngBlockID) != m_sources.end()) raise(Error::keyExists);
+        if (record(source.sngBlockID) != m_sources.end()) return false;
         m_sources.push_back(source);
-    } else {
-        addTo(*collection(), source);
+        return true;
     }
+    Collection& ports = *collection();
+    if (ports.find(keyOf(source.sngBlockID))) return false;
+    addTo(ports, source);
+    return true;
+}
+
+void InPorts::add(Source source) {
+    if (!addNew(source)) raise(Error::keyExists);
 }
 
 void InPorts::remove(float id) {

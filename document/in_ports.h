@@ -27,6 +27,10 @@ public:
 
     /// Whether the key of an ID is taken.
     bool hasKey(std::int16_t id) const;
+    /// Makes room for so many entries that are about to be added.
+    void reserve(std::int16_t count);
+    /// Adds an entry; false, and nothing changes, when the key of its ID is taken.
+    bool addNew(Source source);
     /// Adds an entry under the key of its ID; error 457 when the key is taken.
     void add(Source source);
     /// Removes the entry under the key of an ID; error 5 when there is none.

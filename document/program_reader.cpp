@@ -1,7 +1,6 @@
 #include "document/program_reader.h"
 
 #include <array>
-#include <charconv>
 #include <limits>
 #include <memory>
 
@@ -27,11 +26,20 @@ constexpr std::string_view extensionOnDisk = ".bpa";
 constexpr std::size_t extensionLength = 4;
 constexpr std::size_t windowValues = 8;
 
+/// Up to four digits behind a sign, which nearly all whole numbers of a file are; anything else for `numbers` to judge.
 template <class Integer>
 Integer whole(std::string_view token) {
-    Integer value{};
-    const auto [end, fault] = std::from_chars(token.data(), token.data() + token.size(), value);
-    if (fault == std::errc{} && end == token.data() + token.size()) return value;
+    constexpr std::size_t most = 4;
+    const bool negative = token.starts_with('-');
+    const std::string_view digits = token.substr(negative ? 1 : 0);
+    std::int32_t value = 0;
+    std::size_t i = 0;
+    for (; i < digits.size() && i < most; ++i) {
+        const int digit = digits[i] - '0';
+        if (digit < 0 || digit > 9) break;
+        value = value * 10 + digit;
+    }
+    if (i > 0 && i == digits.size()) return static_cast<Integer>(negative ? -value : value);
     if constexpr (sizeof(Integer) == sizeof(std::int16_t)) return numbers::toInteger(token);
     else return numbers::toLong(token);
 }
@@ -181,7 +189,10 @@ bool Reader::assign(std::string_view token) {
         case dual: block.blnHasDualOutPort = flag(token); return true;
         case noIn: block.blnNoInPort = flag(token); return true;
         case noOut: block.blnNoOutPort = flag(token); return true;
-        case inPorts: m_sources = whole<std::int16_t>(token); return true;
+        case inPorts:
+            m_sources = whole<std::int16_t>(token);
+            block.intColFromBlockID.reserve(m_sources);
+            return true;
         default: break;
     }
     const std::int32_t behind = m_counter - inPorts - m_sources;
@@ -235,8 +246,7 @@ void Reader::setNote(std::string_view label) {
 /// AddFromBlockID of a block whose in-ports nobody has changed: the key tells whether the source is there. All come from
 /// a top port until the wiring is complete.
 void Reader::addSource(std::int16_t id) {
-    InPorts& sources = m_block->intColFromBlockID;
-    if (!sources.hasKey(id)) sources.add({static_cast<float>(id), true});
+    m_block->intColFromBlockID.addNew({static_cast<float>(id), true});
 }
 
 void Reader::assignValue(std::string_view token) {

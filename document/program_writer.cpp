@@ -1,5 +1,9 @@
 #include "document/program_writer.h"
 
+#include <charconv>
+#include <cmath>
+#include <initializer_list>
+
 #include "document/canvas.h"
 #include "document/catalogue.h"
 #include "host/encoding.h"
@@ -14,8 +18,23 @@ constexpr std::string_view extensionShown = ".bpg";
 constexpr std::string_view extensionOnDisk = ".bpa";
 constexpr std::string_view lineEnd = "\r\n";
 
-void appendNumber(std::string& line, std::int32_t number) {
-    numbers::append(line, number);
+/// Each with a blank behind it, in one piece: this is where most of a line's tokens come from.
+void appendNumbers(std::string& line, std::initializer_list<std::int32_t> numbers) {
+    constexpr std::size_t most = 4, longest = 12;
+    char words[most * longest];
+    char* end = words;
+    for (const std::int32_t number : numbers) {
+        end = std::to_chars(end, end + longest, number).ptr;
+        *end++ = ' ';
+    }
+    line.append(words, static_cast<std::size_t>(end - words));
+}
+
+/// An ID is held in a single; a host may have put any number there.
+void appendSingle(std::string& line, float number) {
+    const auto whole = std::fabs(number) < 1e6F ? static_cast<std::int32_t>(number) : 0;
+    if (static_cast<float>(whole) == number) return appendNumbers(line, {whole});
+    line += numbers::textOf(number);
     line += ' ';
 }
 
@@ -24,8 +43,6 @@ void appendQuoted(std::string& line, std::string_view text) {
     line += text;
     line += "\" ";
 }
-
-void appendFlag(std::string& line, bool flag) { line += flag ? "1 " : "0 "; }
 
 Ref<Object> activeForm(const clsBVTCanvas& document) {
     return document.frmParentForm ? document.frmParentForm->get("ActiveForm").toObject() : nullptr;
@@ -82,20 +99,15 @@ void appendBlock(std::string& buffer, const clsBVTBlock& block, UtilityLibrary& 
     const std::size_t lineStart = buffer.size();
     const bool note = block.intBlockType == NodeText;
     buffer += note ? "TEXT_DEFINE " : "BLOCK_DEFINE ";
-    appendNumber(buffer, block.intBlockID);
-    appendNumber(buffer, block.intBlockType);
-    appendQuoted(buffer, note ? "¶" + utility.ConvertLabel(block.strBlockLabel, true, true) : block.strBlockLabel);
-    appendNumber(buffer, block.intToFirstBlockID);
-    appendNumber(buffer, block.intToSecondBlockID);
-    appendNumber(buffer, block.lngBlockUserID);
+    appendNumbers(buffer, {block.intBlockID, block.intBlockType});
+    if (note) appendQuoted(buffer, "¶" + utility.ConvertLabel(block.strBlockLabel, true, true));
+    else appendQuoted(buffer, block.strBlockLabel);
+    appendNumbers(buffer, {block.intToFirstBlockID, block.intToSecondBlockID, block.lngBlockUserID});
     appendQuoted(buffer, block.strBlockUserName);
-    appendFlag(buffer, block.blnHasDualOutPort);
-    appendFlag(buffer, block.blnNoInPort);
-    appendFlag(buffer, block.blnNoOutPort);
-    appendNumber(buffer, static_cast<std::int32_t>(block.inPortCount()));
+    appendNumbers(buffer, {block.blnHasDualOutPort, block.blnNoInPort, block.blnNoOutPort,
+                           static_cast<std::int32_t>(block.inPortCount())});
     for (std::size_t i = 0; i < block.inPortCount(); ++i) {
-        buffer += numbers::textOf(block.inPort(i).sngBlockID);
-        buffer += ' ';
+        appendSingle(buffer, block.inPort(i).sngBlockID);
     }
     block.appendTo(buffer, lineStart);
     buffer += lineEnd;

@@ -7,28 +7,6 @@ namespace canvas {
 using tracing::Locals;
 using tracing::Procedure;
 
-namespace {
-
-/// Makes `last` the last place, growing or cutting. A place before the first is error 9.
-void resize(std::vector<Ref<Object>>& objects, std::int32_t last) {
-    if (last < 0) raise(Error::subscript);
-    const auto size = static_cast<std::size_t>(last) + 1;
-    std::vector<Ref<Object>> cut;  // the end of what is cut off may be a host's, and come back here
-    while (objects.size() > size) {
-        cut.push_back(std::move(objects.back()));
-        objects.pop_back();
-    }
-    objects.resize(size);
-}
-
-template <class Objects>
-auto& entry(Objects& objects, std::int16_t i) {
-    if (i < 0 || static_cast<std::size_t>(i) >= objects.size()) raise(Error::subscript);
-    return objects[static_cast<std::size_t>(i)];
-}
-
-}  // namespace
-
 void clsBVTUndoBuffer::Add(std::int16_t ActionMode, Ref<Object> Actionobject) {
     Procedure run(name, "Add", this, [&](Locals& l) {
         l("ActionMode", ActionMode);
@@ -37,18 +15,14 @@ void clsBVTUndoBuffer::Add(std::int16_t ActionMode, Ref<Object> Actionobject) {
     run(
         [&] {
             intUndoActionMode = ActionMode;
-            resize(objArUndoableObjects, intCount);
-            objArUndoableObjects.back() = Actionobject;
+            objArUndoableObjects.endAt(intCount) = Actionobject;
         },
         [&] { intCount = Value(intCount + 1).toInteger(); });
 }
 
 void clsBVTUndoBuffer::AddAttribute(Ref<Object> ActionAttribute) {
     Procedure run(name, "AddAttribute", this, [&](Locals& l) { l("ActionAttribute", ActionAttribute); });
-    run([&] {
-        resize(objArObjectAttributes, intCount - 1);
-        objArObjectAttributes.back() = ActionAttribute;
-    });
+    run([&] { objArObjectAttributes.endAt(intCount - 1) = ActionAttribute; });
 }
 
 void clsBVTUndoBuffer::SetUndoObjectAt(std::int16_t i, Ref<Object> Actionobject) {
@@ -56,7 +30,7 @@ void clsBVTUndoBuffer::SetUndoObjectAt(std::int16_t i, Ref<Object> Actionobject)
         l("i", i);
         l("Actionobject", Actionobject);
     });
-    run([&] { entry(objArUndoableObjects, i) = Actionobject; });
+    run([&] { objArUndoableObjects.at(i) = Actionobject; });
 }
 
 void clsBVTUndoBuffer::SetUndoAttributeAt(std::int16_t i, Ref<Object> Actionobject) {
@@ -64,29 +38,29 @@ void clsBVTUndoBuffer::SetUndoAttributeAt(std::int16_t i, Ref<Object> Actionobje
         l("i", i);
         l("Actionobject", Actionobject);
     });
-    run([&] {
-        resize(objArObjectAttributes, i);
-        objArObjectAttributes.back() = Actionobject;
-    });
+    run([&] { objArObjectAttributes.endAt(i) = Actionobject; });
 }
 
 Ref<Object> clsBVTUndoBuffer::UndoableObjectAt(std::int16_t i) const {
     Ref<Object> result;
     Procedure run(name, "UndoableObjectAt", this, [&](Locals& l) { l("i", i); });
-    run([&] { result = entry(objArUndoableObjects, i); });
+    run([&] { result = objArUndoableObjects.at(i); });
     return result;
 }
 
 Ref<Object> clsBVTUndoBuffer::UndoableAttributeAt(std::int16_t i) const {
     Ref<Object> result;
     Procedure run(name, "UndoableAttributeAt", this, [&](Locals& l) { l("i", i); });
-    run([&] { result = entry(objArObjectAttributes, i); });
+    run([&] { result = objArObjectAttributes.at(i); });
     return result;
 }
 
 void clsBVTUndoBuffer::reportVariables(VariableSink& sink) const {
-    const auto array = [](const std::vector<Ref<Object>>& objects) {
-        return Value(objects.empty() ? Array::undimensioned("Object") : arrayOf("Object", objects));
+    const auto array = [](const ObjectList& objects) {
+        if (objects.empty()) return Value(Array::undimensioned("Object"));
+        std::vector<Ref<Object>> all;
+        for (std::size_t i = 0; i < objects.size(); ++i) all.push_back(objects.at(static_cast<std::int32_t>(i)));
+        return Value(arrayOf("Object", all));
     };
     sink.variable("objArUndoableObjects", array(objArUndoableObjects));
     sink.variable("objArObjectAttributes", array(objArObjectAttributes));

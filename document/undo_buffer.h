@@ -1,8 +1,7 @@
 #pragma once
 // clsBVTUndoBuffer: one edit record, filled by the host and given back to it for undo and redo.
 
-#include <vector>
-
+#include "document/object_list.h"
 #include "host/members.h"
 
 namespace canvas {
@@ -27,8 +26,8 @@ public:
     static std::span<const Member> table() noexcept;
     void reportVariables(VariableSink& sink) const override;
 
-    std::vector<Ref<Object>> objArUndoableObjects;
-    std::vector<Ref<Object>> objArObjectAttributes;
+    ObjectList objArUndoableObjects;
+    ObjectList objArObjectAttributes;
     std::int16_t intUndoActionMode = 0;
     std::int16_t intCount = 0;
 

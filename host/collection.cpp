@@ -31,6 +31,15 @@ private:
     std::string_view m_view;
 };
 
+/// Short keys, which most are, without a call.
+std::size_t hashOf(std::string_view key) noexcept {
+    if (key.size() > sizeof(std::uint64_t)) return std::hash<std::string_view>()(key);
+    std::uint64_t bytes = 0;
+    for (const char c : key) bytes = bytes << 8U | static_cast<unsigned char>(c);
+    bytes *= 0x9E3779B97F4A7C15U;
+    return static_cast<std::size_t>(bytes >> 32U);
+}
+
 }  // namespace
 
 std::span<const Member> Collection::table() noexcept {
@@ -46,13 +55,23 @@ std::span<const Member> Collection::table() noexcept {
 void Collection::Add(Value item) { m_entries.push_back({std::move(item), {}, false, ++m_lastSerial}); }
 
 void Collection::Add(Value item, std::string_view key) {
+    if (!addNew(std::move(item), key)) raise(Error::keyExists);
+}
+
+bool Collection::addNew(Value item, std::string_view key) {
     const Folded folded(key);
     const bool indexed = !m_index.empty() || m_entries.size() >= linearLimit;
     if (indexed && m_index.size() < 2 * (m_entries.size() + 1)) buildIndex();
     std::uint32_t* const slot = indexed ? &slotOf(folded.view()) : nullptr;
-    if (slot ? *slot != 0 : placeOfKey(folded.view()) != absent) raise(Error::keyExists);
-    m_entries.push_back({std::move(item), std::string(folded.view()), true, ++m_lastSerial});
+    if (slot ? *slot != 0 : placeOfKey(folded.view()) != absent) return false;
+    std::string kept(folded.view());
+    Entry& entry = m_entries.emplace_back();  // filled in place, and from here on nothing fails
+    entry.key = std::move(kept);
+    entry.item = std::move(item);
+    entry.keyed = true;
+    entry.serial = ++m_lastSerial;
     if (slot) *slot = static_cast<std::uint32_t>(m_entries.size());
+    return true;
 }
 
 void Collection::addLateBound(const Value& item, const Value& key) {
@@ -125,7 +144,7 @@ void Collection::buildIndex() const {
 
 std::uint32_t& Collection::slotOf(std::string_view foldedKey) const {
     const std::size_t mask = m_index.size() - 1;
-    std::size_t slot = std::hash<std::string_view>()(foldedKey) & mask;
+    std::size_t slot = hashOf(foldedKey) & mask;
     while (m_index[slot] != 0 && m_entries[m_index[slot] - 1].key != foldedKey) slot = (slot + 1) & mask;
     return m_index[slot];
 }

@@ -23,6 +23,8 @@ public:
 
     void Add(Value item);
     void Add(Value item, std::string_view key);
+    /// False, and nothing changes, when the key is taken.
+    bool addNew(Value item, std::string_view key);
     std::int32_t Count() const noexcept { return static_cast<std::int32_t>(m_entries.size()); }
     /// By key for a text, by place (rounded half to even) for a number of any kind; anything else is error 13.
     const Value& Item(const Value& index) const { return m_entries[placeOf(index)].item; }

@@ -253,7 +253,7 @@ std::string textOf(double value) { return textWith(value, 15); }
 void append(std::string& text, std::int32_t value) {
     char buffer[11];
     const auto written = std::to_chars(buffer, std::end(buffer), value);
-    text.append(buffer, written.ptr);
+    text.append(buffer, static_cast<std::size_t>(written.ptr - buffer));
 }
 
 }  // namespace canvas::numbers
