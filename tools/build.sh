@@ -6,7 +6,9 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libfmt-dev libgtest-dev libgmock-dev libcli11-dev
     nlohmann-json3-dev libutf8proc-dev libsqlite3-dev libzip-dev)
-test_packages=(python3 binutils valgrind)
+# What the view is built from and driven by; without Qt its tests are skipped.
+view_packages=(qt6-base-dev xvfb xdotool)
+test_packages=(python3 binutils valgrind "${view_packages[@]}")
 bench_packages=(libbenchmark-dev libsimdjson-dev qt6-base-dev valgrind)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 
