@@ -7,11 +7,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/check_report.h"
 #include "cli/commands.h"
 #include "cli/inputs.h"
 #include "cli/stand_in_host.h"
 #include "document/catalogue.h"
 #include "document/form_dispatch.h"
+#include "document/program_check.h"
 #include "editors/error_form.h"
 #include "editors/forms.h"
 #include "editors/own_view.h"
@@ -83,13 +85,33 @@ void carryNote(clsBVTBlock& block) {
     block.strBlockLabel = text::replaced(shown, pilcrow, "\r");
 }
 
+/// Whether reading passes over something of the file. Values, wiring and references may be bad, as they are in a program
+/// that is being made: they come through as they are.
+bool loses(Rule rule) {
+    if (rule == Rule::valueRange || rule == Rule::valueList) return false;
+    return rule < Rule::danglingTarget || rule == Rule::message;
+}
+
+/// What reading loses, writing would lose from the file: such a file is not opened.
+int refuseLosses(const std::string& file, Console& console) {
+    CheckedProgram program = checkProgramFile(file);
+    const bool readable = program.readable;
+    std::erase_if(program.findings, [](const Finding& finding) { return !loses(finding.rule); });
+    if (readable && program.findings.empty()) return good;
+    console.tell(textOf({.file = file, .readable = readable, .findings = std::move(program.findings), .links = {},
+                         .internalError = {}}));
+    if (!readable) return unreadableInput;
+    console.complain("'" + file + "' is left as it is: what cannot be read would be lost");
+    return findings;
+}
+
 int editBlock(const Options& options, const std::string& form, Console& console) {
     const std::string file = fileOf(options.file), name = documentName(file);
     if (name.empty()) return console.complain("no program file: " + options.file), wrongUsage;
+    if (const int code = refuseLosses(file, console); code != good) return code;
     auto document = make<clsBVTCanvas>();
     std::error_code failed;
-    if (!std::filesystem::exists(file, failed) || !document->Readfile(name))
-        return console.complain("cannot read " + file), unreadableInput;
+    if (!document->Readfile(name)) return console.complain("cannot read " + file), unreadableInput;
     if (!blockOf(*document, *options.block, form, console)) return wrongUsage;
     if (!haveView(console)) return internalError;
     const WithEnvironment with(onScreen());

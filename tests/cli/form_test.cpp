@@ -54,6 +54,23 @@ TEST_F(Form, TheDialogMustBeTheBlocksOwn) {
 
 TEST_F(Form, AFileThatIsNotThereIsUnreadable) { EXPECT_EQ(form({"MoveAxis", "none.bpa", "1"}).code, 3); }
 
+TEST_F(Form, AFileOfWhichReadingLosesSomethingIsRefused) {
+    const std::string damaged = scratch::bytesOf(CANVAS_SOURCE_DIR "/examples/labeler_merge_damage.bpa");
+    scratch::put(m_folder / "damaged.bpa", damaged);
+    const auto said = form({"MoveAxis", "damaged.bpa", "8"});
+    EXPECT_EQ(said.code, 1);
+    EXPECT_THAT(said.err, HasSubstr("duplicate-id"));
+    EXPECT_THAT(said.err, HasSubstr("'damaged.bpa' is left as it is"));
+    EXPECT_EQ(scratch::bytesOf(m_folder / "damaged.bpa"), damaged);
+}
+
+TEST_F(Form, AnUnreadableFileIsToldWithItsReason) {
+    scratch::put(m_folder / "text.bpa", "no program\r\n");
+    const auto said = form({"MoveAxis", "text.bpa", "8"});
+    EXPECT_EQ(said.code, 3);
+    EXPECT_THAT(said.err, HasSubstr("text.bpa:"));
+}
+
 TEST_F(Form, WithoutAScreenItSaysSoAndLeavesTheFileAlone) {
     const std::string before = scratch::bytesOf(m_folder / "homing.bpa");
     const auto said = form({"moveaxis", "homing.bpg", "8"});

@@ -8,7 +8,9 @@
 #include <QLineEdit>
 
 #include "attributes/datatypes.h"
+#include "editors/error_form.h"
 #include "tests/view/driving.h"
+#include "tracing/branch.h"
 
 namespace canvas::editors {
 namespace {
@@ -57,6 +59,22 @@ private Q_SLOTS:
         QVERIFY(moveAxis->get("OKClicked").toBoolean());
         QCOMPARE(moveAxis->get("BVTAttribute").toObject()->get("Velocity").toText(), "12.5");
         QVERIFY(!QApplication::activeModalWidget());
+    }
+    void theErrorDialogAsksOnTheScreen() {
+        ErrorDialog dialog;
+        const tracing::WithErrorHandler asking(dialog);
+        int tries = 0;
+        next([](QWidget& window) {
+            QVERIFY(!window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+            QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+            QVERIFY(part<QLabel>(window, "lblErrorString").text().contains(QStringLiteral("Division by zero")));
+            click(part(window, "cmdAction(1)"));
+        });
+        tracing::Procedure run("clsTest", "Work", nullptr, [](tracing::Locals&) {});
+        run([&] {
+            if (++tries == 1) raise(Error::divisionByZero);
+        });
+        QCOMPARE(tries, 2);
     }
     void aRefusedOkTellsAndStays() {
         const Ref<Form> moveAxis = makeForm("frmMoveAxis");
