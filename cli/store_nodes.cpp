@@ -173,7 +173,7 @@ std::optional<Fault> saveNode(const std::string& store, const RemoteNode& node, 
     std::string name, type, inputs, outputs, code;
     const bool there = nodes->GetData(node.node, name, type, inputs, outputs, code);
     if (there && !mayChange) return Fault{rule::node, "the number is in the list already"};
-    if (nodes->IsNameInList(node.name) && (!there || name != node.name))
+    if (!node.name.empty() && nodes->IsNameInList(node.name) && (!there || name != node.name))
         return Fault{rule::node, "the name \"" + node.name + "\" is in the list already"};
     nodes->AllocationMemoryMaps(networkType);
     try {

@@ -30,7 +30,7 @@ Archive opened(zip_source_t* source, int flags) {
     zip_t* archive = zip_open_from_source(source, flags, &error);
     const std::string reason = archive ? "" : zip_error_strerror(&error);
     zip_error_fini(&error);
-    if (!archive) throw RuntimeError(invalidFileFormat, "Not a zip archive: " + reason);
+    if (!archive) throw RuntimeError(invalidFileFormat, "The archive cannot be read: " + reason);
     zip_source_keep(source);  // the archive frees one reference at its end
     return Archive(archive, zip_discard);
 }
