@@ -156,9 +156,9 @@ public:
     void CheckSelect(Ref<Object> MyControl) {
         Procedure run(className(), "CheckSelect", this, [&](Locals& l) { l("MyControl", MyControl); });
         run([&] { invoke(required(MyControl), "SetFocus"); },
-            [&] { MyControl->put("SelStart", Value(std::int32_t{0})); },
+            [&] { required(MyControl).put("SelStart", Value(std::int32_t{0})); },
             [&] {
-                const std::size_t length = text::length(MyControl->get("Text").toText());
+                const std::size_t length = text::length(required(MyControl).get("Text").toText());
                 MyControl->put("SelLength", Value(static_cast<std::int32_t>(length)));
             });
     }
