@@ -1,9 +1,11 @@
 // canvas: the command line of the flowchart library.
 
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include <CLI/CLI.hpp>
 
@@ -18,7 +20,24 @@ constexpr const char* about =
     "Checks and prints the flowchart programs (.bpa) of motion controllers, and keeps their hardware configuration.\n"
     "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 unreadable input, 4 refused to overwrite, 5 internal error.";
 
+/// The parser would only say that a command is missing.
+bool isUnknown(std::string_view word) {
+    if (word.starts_with('-')) return false;
+    const auto list = commands();
+    return std::none_of(list.begin(), list.end(), [&](const Command& command) { return command.name == word; });
+}
+
+std::string allCommands() {
+    std::string all;
+    for (const Command& command : commands()) all += (all.empty() ? "" : ", ") + std::string(command.name);
+    return all;
+}
+
 int run(int count, char** words, Console& console) {
+    if (count > 1 && isUnknown(words[1])) {
+        console.complain("no command '" + printable(words[1]) + "'; there are " + allCommands());
+        return wrongUsage;
+    }
     CLI::App line(about, "canvas");
     line.set_version_flag("--version", versionText());
     line.require_subcommand(1);

@@ -35,6 +35,12 @@ TEST_F(Form, AnUnknownDialogIsWrongUsageAndTheOthersAreNamed) {
     EXPECT_THAT(said.err, HasSubstr("frmMoveAxis"));
 }
 
+TEST(Commands, AnUnknownOneIsNamedBesideThoseThatThereAre) {
+    const auto said = program::run({"bogus"});
+    EXPECT_EQ(said.code, 2);
+    EXPECT_THAT(said.err, HasSubstr("canvas: no command 'bogus'; there are check, show, describe, store, form, report"));
+}
+
 TEST_F(Form, AFileNeedsABlock) { EXPECT_EQ(form({"MoveAxis", "homing.bpa"}).code, 2); }
 
 TEST_F(Form, TheBlockMustBeThere) {
