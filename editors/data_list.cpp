@@ -1,6 +1,5 @@
 #include "editors/data_list.h"
 
-#include "editors/attribute_form.h"
 #include "host/numbers.h"
 #include "host/ports.h"
 
@@ -37,7 +36,7 @@ std::string element(std::string_view table, std::int32_t index) {
 
 }  // namespace
 
-frmDataList::frmDataList() : Form(look) {}
+frmDataList::frmDataList() : PlainForm(look) {}
 
 std::span<const Member> frmDataList::ownMembers() const {
     using F = frmDataList;
@@ -141,13 +140,7 @@ void frmDataList::ok() {
 
 void frmDataList::on(Event event, Control& control) {
     if (event == Event::doubleClick && control.row().kind == ControlKind::list) return ok();
-    if (event != Event::click) return;
-    switch (control.row().role) {
-        case Role::ok: return ok();
-        case Role::cancel: return Hide();
-        case Role::help: return showHelp();
-        case Role::none: return;
-    }
+    PlainForm::on(event, control);
 }
 
 void frmDataList::ownVariables(VariableSink& sink) const {

@@ -7,7 +7,7 @@
 //         [&] { list->DisplayType(0); }, [&] { list->setData(clsData); }, [&] { list->Show(); },
 //         [&] { if (list->bOKButtonClick) name = list->Selected(); }, [&] { list->Unload(); });
 
-#include "editors/form.h"
+#include "editors/plain_form.h"
 #include "host/collection.h"
 #include "tracing/walk.h"
 
@@ -15,7 +15,7 @@ namespace canvas::editors {
 
 /// Names of a program's data, a tab for each sort: user variables 0, system variables 1, I/O 2, tables 3, network
 /// data 4.
-class frmDataList final : public Form {
+class frmDataList final : public PlainForm {
 public:
     static constexpr std::int32_t tableTab = 3;
     static constexpr std::int32_t tabCount = 5;
@@ -69,7 +69,7 @@ protected:
     void ownVariables(VariableSink& sink) const override;
 
 private:
-    void ok();
+    void ok() override;
     tracing::Flow askIndex(std::string_view table, std::int32_t size);
 };
 

@@ -24,7 +24,6 @@ protected:
     void on(Event event, Control& control) override;
     /// There is no close box, and neither key stands for a button.
     bool onKey(char32_t) override { return false; }
-    void closing() override { Hide(); }
 
 private:
     void sendMail();

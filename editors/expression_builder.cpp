@@ -83,7 +83,7 @@ void tellFailure(std::string_view operation, const RuntimeError& error) {
 
 }  // namespace
 
-frmExpressionBuilder::frmExpressionBuilder() : Form(look) {
+frmExpressionBuilder::frmExpressionBuilder() : PlainForm(look) {
     Choice& operators = the<Choice>("lstOperator");
     for (const Operator& row : strOperator) operators.AddItem(row.shown);
 }
@@ -257,12 +257,8 @@ void frmExpressionBuilder::on(Event event, Control& control) {
     if (event != Event::click) return;
     if (name == "cmdUndo") return undo();
     if (name == "cmdClear") return clear();
-    switch (control.row().role) {
-        case Role::ok: return ok();
-        case Role::cancel: strExpression = strOriginalExpression; return Hide();
-        case Role::help: return showHelp();
-        case Role::none: return;
-    }
+    if (control.row().role == Role::cancel) strExpression = strOriginalExpression;
+    PlainForm::on(event, control);
 }
 
 void frmExpressionBuilder::ownVariables(VariableSink& sink) const {

@@ -1,11 +1,11 @@
 #pragma once
 // The expression builder: an expression is typed, or composed from lists of names and operators, and checked.
 
-#include "editors/form.h"
+#include "editors/plain_form.h"
 
 namespace canvas::editors {
 
-class frmExpressionBuilder final : public Form {
+class frmExpressionBuilder final : public PlainForm {
 public:
     frmExpressionBuilder();
 
@@ -34,7 +34,7 @@ private:
     void nodeClicked();
     void clear();
     void undo();
-    void ok();
+    void ok() override;
     void mark(std::int32_t selStart, std::int32_t selLength);
     TextControl& field() const { return the<TextControl>("txbExpression"); }
 

@@ -1,6 +1,7 @@
 // Call Subroutine: the name of the subroutine, and the list to choose it from.
 
 #include "editors/file_names.h"
+#include "editors/plain_form.h"
 #include "editors/program_forms.h"
 #include "host/collection.h"
 #include "host/ports.h"
@@ -35,9 +36,9 @@ constexpr AttributeForm::Spec superSpec{{"frmSuperBlock", "Call Subroutine", sup
                                         false, false, 0, false};
 
 /// A dialog for a name in two lists in step: titles that show, names that do not.
-class frmListSubroutine final : public Form {
+class frmListSubroutine final : public PlainForm {
 public:
-    frmListSubroutine() : Form(listDesign) {}
+    frmListSubroutine() : PlainForm(listDesign) {}
 
     bool bClickedOK = false;
     std::string strProgramName;
@@ -59,10 +60,7 @@ public:
 protected:
     void on(Event event, Control& control) override {
         if (event == Event::doubleClick && control.row().name == "lstItem") return ok();
-        if (event != Event::click) return;
-        if (control.row().role == Role::ok) return ok();
-        if (control.row().role == Role::cancel) return Hide();
-        if (control.row().role == Role::help) return showHelp();
+        PlainForm::on(event, control);
     }
     void ownVariables(VariableSink& sink) const override {
         sink.variable("bClickedOK", Value(bClickedOK));
@@ -71,7 +69,7 @@ protected:
     }
 
 private:
-    void ok() {
+    void ok() override {
         const std::int32_t selected = the<Choice>("lstItem").ListIndex();
         if (selected >= 0) {
             strProgramName = the<Choice>("lstItemInvisible").List(selected);
@@ -177,9 +175,7 @@ private:
                 if (!there) tell("Specified file cannot be opened.", Icon::exclamation);
             },
             [&] {
-                if (!there) return;
-                blnCreateNew = false;  // the file that is there is opened afterwards
-                ok();
+                if (there) ok();
             });
     }
 

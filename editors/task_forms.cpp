@@ -12,28 +12,20 @@ using tracing::Procedure;
 
 namespace {
 
-#define TASK(i) check("ChkTask(" #i ")", "Program " TASK_NUMBER_##i, {}, i + 1, 0)
-#define TASK_NUMBER_0 "1"
-#define TASK_NUMBER_1 "2"
-#define TASK_NUMBER_2 "3"
-#define TASK_NUMBER_3 "4"
-#define TASK_NUMBER_4 "5"
-#define TASK_NUMBER_5 "6"
-#define TASK_NUMBER_6 "7"
-#define TASK_NUMBER_7 "8"
+#define TASK(i, number) check("ChkTask(" #i ")", "Program " number, {}, i + 1, 0)
 #define START(i) text("txbTask(" #i ")", {}, i + 1)
 
 constexpr ControlRow restartProgram[] = {
     caption("lblTask", "Launch", 0),
     caption("lblStart", "Start at Block", 0, 1),
-    TASK(0), START(0), TASK(1), START(1), TASK(2), START(2), TASK(3), START(3),
-    TASK(4), START(4), TASK(5), START(5), TASK(6), START(6), TASK(7), START(7),
+    TASK(0, "1"), START(0), TASK(1, "2"), START(1), TASK(2, "3"), START(2), TASK(3, "4"), START(3),
+    TASK(4, "5"), START(4), TASK(5, "6"), START(5), TASK(6, "7"), START(6), TASK(7, "8"), START(7),
     okButton(), cancelButton(), helpButton(),
 };
 
 constexpr ControlRow suspendProgram[] = {
     caption("lblTask", "Suspend", 0),
-    TASK(0), TASK(1), TASK(2), TASK(3), TASK(4), TASK(5), TASK(6), TASK(7),
+    TASK(0, "1"), TASK(1, "2"), TASK(2, "3"), TASK(3, "4"), TASK(4, "5"), TASK(5, "6"), TASK(6, "7"), TASK(7, "8"),
     okButton(), cancelButton(), helpButton(),
 };
 

@@ -1,9 +1,11 @@
 // The error dialog: what it shows, what each choice does to the failing statement, and the report it makes.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -487,12 +489,29 @@ TEST_F(ErrorDialogTest, WithoutAPlaceForTheReportThePersonIsToldAndMayChoose) {
     EXPECT_FALSE(tracing::vbwErrHandler.vbwfHasReported);
 }
 
+TEST_F(ErrorDialogTest, AFullDiskLeavesThePackageShortAndTheChoiceComes) {
+    user->clicks = {"cmdSendMail", "cmdAction(2)"};
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);  // a write beyond the limit fails instead
+    const rlimit full{100, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    const Strings ran = procedure();
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(ran, (Strings{"first", "third"}));
+    EXPECT_EQ(user->shown.size(), 2u);
+    EXPECT_EQ(file("Error.txt"), "");
+    EXPECT_EQ(user->boxes[1].text.find("Error.txt"), std::string::npos);
+    EXPECT_EQ(user->boxes[2].text, "The archive cannot be written.");
+}
+
 TEST_F(ErrorDialogTest, ADialogThatFailsItselfHandsTheErrorOn) {
     user->look = [](Object&) { raise(Error::deviceIO); };
     EXPECT_THROW(procedure(), RuntimeError);
 }
 
-TEST_F(ErrorDialogTest, AFullDiskLeavesThePackageShortAndTheChoiceComes) {
+TEST_F(ErrorDialogTest, FilesThatCannotBeWrittenLeaveThePackageShortAndTheChoiceComes) {
     user->clicks = {"cmdSendMail", "cmdAction(2)"};
     // a folder stands where the archive should be written, and another in place of a file
     int showings = 0;

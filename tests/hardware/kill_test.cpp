@@ -6,6 +6,7 @@
 #include <random>
 
 #include "fixture.h"
+#include "tests/host/kills.h"
 
 namespace canvas {
 namespace {
@@ -20,13 +21,6 @@ constexpr int usualKills = 100;  // a fork costs ten times as much there
 #else
 constexpr int usualKills = 1000;
 #endif
-
-/// CANVAS_KILLS in the environment asks for another number.
-int killsWanted() {
-    int kills = usualKills;
-    if (const char* text = std::getenv("CANVAS_KILLS")) std::from_chars(text, text + std::strlen(text), kills);
-    return kills;
-}
 
 void editAll(Object& module, const std::string& value) {
     for (int row = 0; row < 71; ++row) invoke(module, "SetBlockMatrix", 1, row, value);
@@ -87,7 +81,7 @@ TEST(AKilledModule, LeavesASoundStoreWithOneContentWhole) {
     const Store stores[atOnce];
     Seen seen;
     int kills = 0;
-    for (const int wanted = killsWanted(); kills < wanted;) {
+    for (const int wanted = kills::wanted(usualKills); kills < wanted;) {
         std::vector<Saver> savers;
         for (const Store& store : stores) {
             savers.emplace_back(store.path);

@@ -10,6 +10,7 @@
 
 #include "host/files.h"
 #include "scratch.h"
+#include "tests/host/kills.h"
 
 using namespace canvas;
 
@@ -23,13 +24,6 @@ constexpr int usualKills = 200;  // a fork costs ten times as much there
 #else
 constexpr int usualKills = 1000;
 #endif
-
-/// CANVAS_KILLS in the environment asks for another number.
-int killsWanted() {
-    int kills = usualKills;
-    if (const char* text = std::getenv("CANVAS_KILLS")) std::from_chars(text, text + std::strlen(text), kills);
-    return kills;
-}
 
 std::string content(std::string_view word, std::size_t size) {
     std::string bytes;
@@ -85,7 +79,7 @@ TEST(AKilledSave, LeavesOneOfTheTwoContentsWhole) {
     std::array<int, 2> seen{};
     std::size_t strays = 0;
     int kills = 0;
-    for (const int wanted = killsWanted(); kills < wanted;) {
+    for (const int wanted = kills::wanted(usualKills); kills < wanted;) {
         std::vector<Saver> savers;
         for (std::size_t i = 0; i < atOnce; ++i) {
             const std::string path = folder / std::to_string(i);

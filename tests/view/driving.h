@@ -11,8 +11,7 @@
 
 #include "editors/forms.h"
 #include "editors/own_view.h"
-#include "host/composed.h"
-#include "host/convert.h"
+#include "tests/editors/playing.h"
 
 namespace canvas::editors {
 
@@ -55,16 +54,6 @@ struct OnScreen {
     WithEnvironment with{
         Environment{.interaction = std::shared_ptr<Interaction>(ownView(), [](Interaction*) {}), .forms = dialogs()}};
 };
-
-inline Ref<Composed> checker(std::string refused = {}) {
-    auto object = make<Composed>("Checker");
-    object->method("ValidateUserInput", [refused](Args args) {
-        if (args[1].toText() != refused) return Value(true);
-        args[4] = Value("bad " + refused);
-        return Value(false);
-    });
-    return object;
-}
 
 /// A form made for a test: its table, and what its handlers do.
 class TestForm final : public Form {
